@@ -1,0 +1,148 @@
+// The numbers of the texts that the language library gives. "%s" and "%d" are filled in by the caller, in order.
+#pragma once
+
+enum StringId : int {
+    IDS_VERSION = 2481,                   // version text, begins with the major number
+    IDS_STEP_FIRST = 2625,                // names of the five standard build steps
+    IDS_STEP_SECOND = 2626,
+    IDS_STEP_THIRD = 2627,
+    IDS_STEP_FOURTH = 2628,
+    IDS_STEP_FIFTH = 2683,
+    IDS_TABS_ON = 2646,                   // menu text while the document tabs are off
+    IDS_TABS_OFF = 2647,                  // menu text while they are on
+    IDS_MAKEFILE_HEADER = 2699,           // format of a makefile's first line, %s the version text
+    IDS_HELP_FAILED = 2727,
+    IDS_RTOS_QUESTION = 61466,
+
+    IDS_APP_TITLE = 100,                  // "Thornwell IDE"
+    IDS_KIND_WARNING = 101,               // kind words behind the application title in the titles of the four boxes
+    IDS_KIND_ERROR = 102,
+    IDS_KIND_NOTICE = 103,
+    IDS_KIND_QUESTION = 104,
+    IDS_NO_LEXER_TITLE = 105,             // "SciLexer.dll" is missing
+    IDS_NO_LEXER = 106,
+
+    // Start-up lines of the build list
+    IDS_LOADING_WORKSPACE = 200,
+    IDS_NOTHING_TO_LOAD = 201,
+    IDS_LOADED = 202,
+    IDS_STARTUP_DONE = 203,               // after the plug-ins have been looked for
+    IDS_BARS_RESET = 204,
+
+    // Workspace and projects
+    IDS_LABEL_WORKSPACE = 300,            // status pane and tab in multiple project mode
+    IDS_TARGET_UNKNOWN = 301,             // %s the target, %s the default target; question
+    IDS_TARGET_REPLACED = 302,            // %s the target; warning
+    IDS_PROJECT_ACTIVE = 303,             // %s the project's name; build list
+    IDS_PROJECT_READ_ONLY = 304,          // %s its file; build list
+    IDS_STOP_DEBUGGING = 305,             // question
+    IDS_OVERWRITE_FILE = 306,             // %s; question
+    IDS_CANT_CREATE_FILE = 307,           // %s; error
+    IDS_CANT_OPEN_WORKSPACE = 308,        // %s; error
+    IDS_NO_SUCH_FILE = 309,               // %s; error
+    IDS_NAME_EMPTY = 310,                 // warning
+    IDS_PROJECT_IN_WORKSPACE = 311,       // %s; warning
+    IDS_FILE_IN_PROJECT = 312,            // %s; warning
+    IDS_CANT_ADD_PROJECT = 313,           // %s; error
+    IDS_CANT_SET_COMPILER = 314,          // %s; error
+    IDS_NO_COMPILER_SELECTED = 315,       // error
+    IDS_EMPTY_TREE = 316,                 // "empty"
+    IDS_REMOVE_FILE_QUESTION = 317,       // %s; question
+    IDS_CREATE_WORKSPACE = 318,           // %s; question, see the recent workspaces
+    IDS_CREATE_PROJECT = 319,             // %s; question
+    IDS_TOOLSUITE_MISSING = 320,          // %s the toolsuite, %s the project; build list
+    IDS_PROJECT_KIND_EMPTY = 321,         // the three kinds of a new project
+    IDS_PROJECT_KIND_SOURCE = 322,
+    IDS_PROJECT_KIND_HEADER = 323,
+    IDS_NOT_A_PROJECT = 324,              // %s; build list: the file holds no profile text
+    IDS_REMOVE_PROJECT_QUESTION = 325,    // %s; question
+
+    // Build
+    IDS_BUILD_START = 400,                // %s the project's name
+    IDS_CLEAN_START = 401,
+    IDS_BUILD_FAILED = 402,
+    IDS_BUILD_STOPPED = 403,
+    IDS_STEP_DONE = 404,                  // a step's end
+    IDS_STEP_PLAIN = 405,                 // name of a plain step
+    IDS_STEP_START_FAILED = 406,          // %s the step's name
+    IDS_NEXT_STEP_FAILED = 407,           // a start that emptied the queue
+    IDS_OUTPUT_MISSING = 408,             // %s the file
+    IDS_DOCUMENT_RELOADED = 409,          // %s
+    IDS_DOCUMENT_CLOSED = 410,            // %s
+    IDS_MAKEFILE_CANT_OPEN = 411,         // %s
+    IDS_SOURCES_FAILED = 412,
+    IDS_STEP_COMMAND_FAILED = 413,        // %s the step's name; error
+    IDS_NO_WORKSPACE = 414,               // error
+    IDS_STEP_NAME_WARNING = 415,          // a second step whose command names the project's .asm file
+    IDS_STEP_PROJECT = 416,               // %s the active project; line before the fifth step
+    IDS_CLIPBOARD_FAILED = 417,           // error
+    IDS_MAKE_NO_TOOLSUITE = 418,          // %s the project
+
+    // Documents
+    IDS_CANT_READ_FILE = 500,             // %s; build list
+    IDS_CANT_WRITE_FILE = 501,            // %s; error
+    IDS_FILE_READ_ONLY = 502,             // %s; build list
+    IDS_FILE_MISSING = 503,               // %s; build list
+    IDS_SAVE_CHANGES = 504,               // %s; question
+    IDS_FILE_CHANGED = 505,               // %s; question
+    IDS_FILE_DELETED = 506,               // %s; notice
+    IDS_UNTITLED = 507,                   // title of a new document, a number follows
+    IDS_DEBUG_READ_ONLY = 508,            // typing during a debug run; build list
+
+    // Titles and labels of windows
+    IDS_BAR_WORKSPACE = 600,
+    IDS_BAR_OUTPUT = 601,
+    IDS_TAB_BUILD = 602,
+    IDS_TAB_FIND = 603,
+    IDS_TAB_NOTICES = 604,
+    IDS_BAR_MAIN = 605,
+    IDS_BAR_BUILD = 606,
+    IDS_BAR_MACRO = 607,
+    IDS_BAR_DEBUG = 608,
+    IDS_BAR_FURTHER = 609,
+    IDS_TAB_FILES = 610,
+    IDS_DIALOG_GOTO_LINE = 620,
+    IDS_LABEL_LINE = 621,                 // %d the last line
+    IDS_DIALOG_COMPILER = 622,
+    IDS_LABEL_COMPILER = 623,
+    IDS_DIALOG_BUILD_OPTIONS = 624,
+    IDS_LABEL_BUILD_STEPS = 625,
+    IDS_DIALOG_NEW_PROJECT = 626,
+    IDS_LABEL_PROJECT_KIND = 627,
+    IDS_PAGE_BROWSER = 628,
+    IDS_PAGE_DEBUGGER = 629,
+    IDS_USE_SYS_HEADERS = 630,
+    IDS_USE_SABLE_HEADERS = 631,
+    IDS_DEBUG_FROM_MAIN = 632,
+    IDS_DEF_WATCH_FORMAT = 633,
+    IDS_FORMAT_DECIMAL = 634,
+    IDS_FORMAT_BINARY = 635,
+    IDS_FORMAT_OCTAL = 636,
+    IDS_FORMAT_HEX = 637,
+    IDS_DIALOG_LIBRARIES = 638,
+    IDS_LABEL_LIBRARIES = 639,
+    IDS_DIALOG_ABOUT = 640,
+    IDS_ABOUT_TEXT = 641,
+
+    // Menu texts that the frame looks for
+    IDS_MENU_TOOLS = 700,
+    IDS_MENU_WINDOW = 701,
+    IDS_MENU_RECENT_FILES = 702,
+    IDS_MENU_RECENT_WORKSPACES = 703,
+};
+
+// Menus, tool bars and accelerators of the language library.
+enum ResourceId : int {
+    IDR_MAINFRAME = 128,       // menu, accelerators, and the ordinary form of the build tool bar
+    IDR_BUILD_STEP_FIRST = 173,
+    IDR_BUILD_RUNNING = 174,
+    IDR_BUILD_STEP_SECOND = 175,
+    IDR_BUILD_STEP_FIFTH = 185,
+    IDR_OUTPUT_MENU = 151,
+    IDR_TOOLBAR_MAIN = 59392,
+    IDR_WORKSPACE_MENU_PROJECT = 152,
+    IDR_WORKSPACE_MENU_FILE = 153,
+    IDR_WORKSPACE_MENU_ROOT = 154,
+    IDR_TAB_MENU = 155,
+    IDR_BUILD_MENU = 156,      // of the build button's arrow
+};
