@@ -1,0 +1,74 @@
+// The main window: menu, bars, and an area of child frames with tabs.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "framework/MessageBox.h"
+#include "framework/Wnd.h"
+
+class CMDIChildWnd;
+class CMDITabs;
+class CView;
+class CXTToolBar;
+class QMdiArea;
+class QMenu;
+
+class CMDIFrameWnd : public QMainWindow, public CWnd {
+public:
+    CMDIFrameWnd();
+    ~CMDIFrameWnd() override;
+
+    QWidget *Widget() override { return this; }
+
+    // Builds menu bar and accelerators from the language library. False when the resource has no menu.
+    bool LoadFrame(int resource);
+
+    QMdiArea *Client() const { return client_; }
+    CMDIChildWnd *MDIGetActive() const;
+    CView *GetActiveView() const;
+    std::vector<CMDIChildWnd *> Children() const;  // in the order of their making
+
+    // Active view and its document, child frame, the frame's own map, then the application.
+    bool OnCmdMsg(int id, CCmdUI *ui) override;
+
+    // Runs a pop-up of the language library at a global position. The commands go to `target` first, then the usual way.
+    void TrackPopupMenu(int resource, const QPoint &at, CCmdTarget *target = nullptr);
+    QMenu *MakeMenu(int resource, CCmdTarget *target = nullptr);  // owned by the caller
+
+    QMenu *FindTopMenu(const std::string &text) const;  // null when there is none
+    QAction *MakeCommandAction(int command, const std::string &text, QObject *owner, CCmdTarget *target = nullptr);
+    std::string AcceleratorText(int command) const;     // empty when it has none
+
+    void UpdateCommandUI();     // all tool bars, one pass
+    void ShowCommandHelp(int command);
+
+    // Layout of bars under a name of the user's store.
+    virtual void SaveBarState(const std::string &name);
+    virtual bool LoadBarState(const std::string &name);
+
+    void SetTabs(bool on, bool top);
+    void RefreshTabs();
+
+protected:
+    virtual void OnInitMenu() {}                    // a menu is about to open: rebuild what changes
+    virtual std::string ComposeTitle() const = 0;   // the one title of the window
+    virtual void OnTabMenu(CMDIChildWnd *child, const QPoint &at) {}
+    virtual void OnStatusHelp(const std::string &text) {}
+    void UpdateTitle();
+    bool event(QEvent *event) override;
+
+    void OnClientChanged();  // children came, went or changed places
+
+private:
+    void FillMenu(QMenu *menu, int resource, CCmdTarget *target);
+    void PrepareMenu(QMenu *menu, CCmdTarget *target);
+    void BuildAccelerators(int resource);
+
+    QMdiArea *client_;
+    CMDITabs *tabs_;
+    std::vector<std::pair<int, std::string>> accelerators_;  // command and keys
+    bool composing_ = false;
+};

@@ -1,0 +1,33 @@
+// A tool bar whose buttons come from the language library.
+#pragma once
+
+#include <QToolBar>
+#include <functional>
+#include <vector>
+
+class CMDIFrameWnd;
+
+class CXTToolBar : public QToolBar {
+public:
+    // `id`: the child window's number, which names the bar in saved layouts.
+    CXTToolBar(int id, const std::string &title, CMDIFrameWnd *frame);
+
+    // Gives the widget for a place of kind "box" by its command; asked at each load. The bar doesn't own it.
+    void SetBoxProvider(std::function<QWidget *(int command)> provider) { box_ = std::move(provider); }
+
+    void LoadToolBar(int resource);
+    int LoadedResource() const { return resource_; }
+    bool HasButton(int command) const;
+    void DeleteButton(int command);  // with a separator that would be left at an end or doubled
+    std::vector<int> Buttons() const;
+
+    void UpdateCommandUI();  // asks the frame for the state of each button
+
+private:
+    QAction *FindButton(int command) const;
+    void TidySeparators();
+
+    CMDIFrameWnd *frame_;
+    int resource_ = 0;
+    std::function<QWidget *(int)> box_;
+};

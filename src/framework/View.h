@@ -1,0 +1,30 @@
+// A view: the window through which one document is seen and edited.
+#pragma once
+
+#include <QWidget>
+
+#include "framework/Wnd.h"
+
+class CDocument;
+class CMDIChildWnd;
+
+class CView : public QWidget, public CWnd {
+public:
+    explicit CView(QWidget *parent = nullptr);
+    ~CView() override;
+
+    QWidget *Widget() override { return this; }
+    CDocument *GetDocument() const { return document_; }
+    CMDIChildWnd *GetParentFrame() const;
+
+    virtual void OnInitialUpdate();                          // once, when frame, view and document stand
+    virtual void OnUpdate(CView *sender, intptr_t hint) {}   // the document changed, or asks for a refresh
+    virtual void OnActivateView(bool active) {}
+
+    // The view's own map, then its document's.
+    bool OnCmdMsg(int id, CCmdUI *ui) override;
+
+private:
+    friend class CDocument;
+    CDocument *document_ = nullptr;
+};
