@@ -15,6 +15,9 @@
 // the current directory. Empty in, empty out.
 std::string ToNativePath(std::string_view windows);
 
+// As ToNativePath, but nothing is looked up: drive and separators only.
+std::string NativePathAsSpelled(std::string_view windows);
+
 // The Windows form of a native path: slashes become backslashes; nothing is looked up.
 std::string FromNativePath(std::string_view native);
 

@@ -21,11 +21,13 @@ struct SplitPath {
 std::string PathUnquoteSpacesA(std::string_view text);  // without one pair of double quotes round the whole text
 SplitPath _splitpath(std::string_view path);
 
-// Removes "." and ".." elements. False (and `out` untouched) for text that it can't reduce: empty, or ".." above a root.
+// Removes "." and ".." elements and doubled separators; separators become backslashes, one at the end stays. False (and
+// `out` untouched) for text that it can't reduce: empty, or with a ".." above its root or above its first element.
 bool PathCanonicalizeA(std::string &out, std::string_view path);
 
 // Path from `from` to `to`, beginning with ".\" or "..\"; the attributes are 16 for a directory and 0 for a file.
-// Elements compare without regard to case. False when the two have no common root.
+// Elements compare without regard to case; "c:\" and "\" are one root. False when the two have no common root: other
+// drives, one of them relative, or two relative ones that differ from their first element on.
 bool PathRelativePathToA(std::string &out, std::string_view from, unsigned fromAttributes, std::string_view to,
                          unsigned toAttributes);
 
@@ -36,10 +38,14 @@ bool GetLongPathNameA(std::string &out, const std::string &path);
 // rule of the short names ("LONGNA~1.C") when it needs one. False when the file doesn't exist.
 bool GetShortPathNameA(std::string &out, const std::string &path);
 
-// Comparison without regard to case, in the way of the user's locale for letters beyond ASCII: <0, 0, >0.
+// Comparison without regard to case, for letters beyond ASCII too and in every locale alike: <0, 0, >0.
 int lstrcmpiA(std::string_view a, std::string_view b);
 bool EqualNoCase(std::string_view a, std::string_view b);             // lstrcmpiA(a, b) == 0
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+
+// The number of bytes at the start of `text` that equal `prefix`; they can be more or fewer than it has, because a
+// letter and its capital need not be of one length. npos when `text` doesn't begin with it.
+size_t MatchPrefixNoCase(std::string_view text, std::string_view prefix);
 std::string LowerCase(std::string_view text);
 
 // The process's current directory, Windows form, without a trailing separator (but "\" for the root).

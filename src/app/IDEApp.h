@@ -1,0 +1,103 @@
+// The one application object: owns the process-wide data of every subsystem, brings the process up and down in a fixed
+// order, and is where a command line, a command, a timer or a thread's message first meets the program's logic.
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <memory>
+#include <semaphore>
+#include <string>
+#include <vector>
+
+#include "build/BuildDriver.h"
+#include "build/MessageList.h"
+#include "build/MyRedirect.h"
+#include "debugger/BookmarkList.h"
+#include "debugger/BreakpointList.h"
+#include "debugger/DbgInterface.h"
+#include "debugger/DebugSession.h"
+#include "editor/Abbreviations.h"
+#include "editor/EditorProperties.h"
+#include "editor/FileTracker.h"
+#include "editor/KeyMacro.h"
+#include "editor/SciLexer.h"
+#include "framework/WinApp.h"
+#include "navigation/SymbolIndex.h"
+#include "project/WorkspaceController.h"
+
+class CMainFrame;
+class CWorkspace;
+
+// Main thread, except where an operation says otherwise.
+class CIDEApp : public CWinApp {
+public:
+    // `arguments`: the command line in the Windows form, argument 0 the program.
+    explicit CIDEApp(std::vector<std::string> arguments);
+    ~CIDEApp() override;
+
+    bool InitInstance() override;
+    int ExitInstance() override;
+    bool OnCmdMsg(int id, CCmdUI *ui) override;
+
+    CMainFrame *GetMainFrame() const;  // null until it is made and after it is gone
+
+    // Writes one line to the build list and selects it; "!E" and "!W" at its start become "Error" and "Warning"; null
+    // clears the list. Nothing is written while the frame doesn't exist.
+    void AddOutputLine(const char *text);
+    void AddOutputLine(const std::string &text) { AddOutputLine(text.c_str()); }
+
+    // Saves every modified document; with `prompt` it asks for each. False when the user cancelled.
+    bool SaveAllDocuments(bool prompt);
+
+    // The open document of `path`, found under any spelling; opened when it isn't and `open` is set. Null else.
+    CDocument *FindOrOpenDocument(const std::string &path, bool open);
+    CDocument *OpenDocumentFile(const std::string &path) override;
+    void CloseDocuments();  // all, without questions
+
+    std::string GetActiveProjectPath() const;  // full name of the active project's file, empty when none
+    std::string GetWorkspacePath() const;      // the workspace's own file, empty when none
+    int WorkspaceKind() const;                 // 0 none, 1 stand-alone project, 2 multiple projects
+
+    bool OpenWorkspace(const char *path, bool multiple) { return workspaces.OpenWorkspace(path, multiple); }
+    bool CloseWorkspace() { return workspaces.CloseWorkspace(); }
+    bool SetActiveCompiler(const std::string &name) { return workspaces.SetActiveCompiler(name); }
+
+    // Runs `twin` under the rule for commands that must not disturb a debug session.
+    void ReplayCommand(int twinId, const std::function<void()> &twin);
+
+    void AddToRecentFileList(const std::string &path) override;
+    void AddToRecentWorkspaces(const std::string &path);
+    std::string UntitledName() const override;
+    std::string SaveQuestion(const std::string &name) const override;
+
+    static CIDEApp &Get();
+
+    CSciLexer lexer;
+    CEditorProperties editorProperties;
+    CBookmarkList bookmarks;
+    CBreakpointList breakpoints;
+    CKeyMacro macro;
+    CSymbolIndex symbols;
+    CDbgInterface debugger;
+    CDebugSession session;  // `debugging` and `running`, and the deferred command
+    CMessageList messageList;
+    CFileTracker fileTracker;
+    CAbbreviations abbreviations;
+    CMyRedirect redirect;
+    CBuildDriver build;
+    CWorkspaceController workspaces;
+    boost::shared_ptr<CWorkspace> workspace;  // empty when none is open
+    int childDisplayMode = 0;
+
+private:
+    bool LoadLanguage();
+    void AddTemplates();
+    void TakeCommandLine();
+    void TakeFileArgument(const std::string &directory, const std::string &name);
+    void OpenRecentFile(size_t index);
+    void OpenRecentWorkspace(size_t index);
+    void MapCommands();
+
+    std::vector<std::string> arguments_;
+    std::vector<std::string> startupFiles_;
+    std::binary_semaphore outputSemaphore_{1};
+};
