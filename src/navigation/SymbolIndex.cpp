@@ -1,0 +1,7 @@
+#include "navigation/SymbolIndex.h"
+
+#include "editor/IDEDoc.h"
+
+void CSymbolIndex::UpdateBrowseInfo() {}
+
+void CSymbolIndex::UpdateDocumentFunctions(const std::string &, CIDEDoc &document) { document.ClearFunctions(); }

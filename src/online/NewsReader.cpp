@@ -1,0 +1,3 @@
+#include "online/NewsReader.h"
+
+void StartNewsFetch() {}

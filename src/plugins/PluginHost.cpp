@@ -1,0 +1,5 @@
+#include "plugins/PluginHost.h"
+
+void StorePluginState(const std::string &) {}
+
+void LoadPluginState(const std::string &) {}
