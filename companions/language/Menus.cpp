@@ -1,0 +1,184 @@
+#include "Tables.h"
+#include "app/CommandIds.h"
+#include "app/StringIds.h"
+
+namespace language {
+namespace {
+
+constexpr LangMenuEntry Sub(int depth, const char *text) { return {depth, 0, text}; }
+constexpr LangMenuEntry Line(int depth) { return {depth, 0, nullptr}; }
+
+constexpr LangMenuEntry kMain[] = {
+    Sub(0, "&File"),
+    {1, ID_FILE_NEW, "&New"},
+    {1, ID_FILE_OPEN, "&Open..."},
+    {1, ID_FILE_SAVE, "&Save"},
+    {1, ID_FILE_SAVE_AS, "Save &As..."},
+    {1, ID_FILE_SAVE_ALL, "Save A&ll"},
+    {1, ID_FILE_CLOSE, "&Close"},
+    Line(1),
+    {1, ID_PROJECT_NEW, "New &Project..."},
+    {1, ID_PROJECT_OPEN, "Open P&roject..."},
+    {1, ID_WORKSPACE_NEW, "New &Workspace..."},
+    {1, ID_WORKSPACE_OPEN, "Op&en Workspace..."},
+    {1, ID_WORKSPACE_CLOSE, "Close Wor&kspace"},
+    Line(1),
+    Sub(1, "Recent &Files"),
+    {2, ID_RECENT_FILES, "(none)"},
+    Sub(1, "Recen&t Workspaces"),
+    {2, ID_RECENT_WORKSPACES, "(none)"},
+    Line(1),
+    {1, ID_APP_EXIT, "E&xit"},
+
+    Sub(0, "&Edit"),
+    {1, ID_EDIT_UNDO, "&Undo"},
+    {1, ID_EDIT_REDO, "&Redo"},
+    Line(1),
+    {1, ID_EDIT_CUT, "Cu&t"},
+    {1, ID_EDIT_COPY, "&Copy"},
+    {1, ID_EDIT_PASTE, "&Paste"},
+    {1, ID_EDIT_SELECT_ALL, "Select &All"},
+    Line(1),
+    {1, ID_GOTO_LINE, "&Go to Line..."},
+    {1, ID_MATCH_BRACE, "&Match Brace"},
+    {1, ID_LAST_EDIT, "&Last Edit Position"},
+    Sub(1, "&Bookmarks"),
+    {2, ID_BOOKMARK_TOGGLE, "&Toggle"},
+    {2, ID_BOOKMARK_NEXT, "&Next"},
+    {2, ID_BOOKMARK_PREVIOUS, "&Previous"},
+    Line(2),
+    {2, ID_BOOKMARK_CLEAR, "&Clear All"},
+    Line(1),
+    {1, ID_OPEN_COUNTERPART, "&Open Counterpart"},
+
+    Sub(0, "&View"),
+    {1, ID_VIEW_WORKSPACE_BAR, "&Workspace"},
+    {1, ID_VIEW_OUTPUT_BAR, "&Output"},
+    Line(1),
+    {1, ID_VIEW_TOOLBAR, "Main Tool Ba&r"},
+    {1, ID_VIEW_BUILD_TOOL_BAR, "&Build Tool Bar"},
+    {1, ID_VIEW_STATUS_BAR, "&Status Bar"},
+    Line(1),
+    {1, ID_TABS_TOGGLE, "Hide &Document Tabs"},
+    {1, ID_TABS_TOP, "Tabs at &Top"},
+    {1, ID_TABS_BOTTOM, "Tabs &at Bottom"},
+    Line(1),
+    {1, ID_RESET_BARS, "R&eset Bar Layout"},
+
+    Sub(0, "&Project"),
+    {1, ID_PROJECT_NEW_INTO, "&New Project in Workspace..."},
+    {1, ID_PROJECT_OPEN_INTO, "&Open Project into Workspace..."},
+    {1, ID_PROJECT_ADD_EXISTING, "Add &Existing Projects..."},
+    {1, ID_PROJECT_REMOVE, "Remove &Project"},
+    Line(1),
+    {1, ID_PROJECT_ADD_FILES, "&Add Files..."},
+    {1, ID_PROJECT_ADD_NEW_FILE, "Add Ne&w File..."},
+    {1, ID_PROJECT_ADD_LIBRARY, "Add System &Library..."},
+    {1, ID_PROJECT_REMOVE_FILE, "&Remove File"},
+    Line(1),
+    {1, ID_PROJECT_COMPILER, "&Compiler..."},
+    {1, ID_PROJECT_TARGET, "&Target..."},
+    {1, ID_PROJECT_OPTIONS, "Opt&ions..."},
+
+    Sub(0, "&Build"),
+    {1, ID_BUILD, "&Build"},
+    {1, ID_REBUILD, "&Rebuild"},
+    {1, ID_CLEAN, "&Clean"},
+    Line(1),
+    {1, ID_BUILD_ALL, "B&uild All"},
+    {1, ID_REBUILD_ALL, "Rebuild &All"},
+    {1, ID_CLEAN_ALL, "C&lean All"},
+    Line(1),
+    {1, ID_BUILD_STOP, "&Stop"},
+    Line(1),
+    {1, ID_NEXT_MESSAGE, "&Next Message"},
+    {1, ID_OUTPUT_CLEAR, "Clear Ou&tput"},
+    Line(1),
+    {1, ID_BUILD_OPTIONS, "Build &Options..."},
+
+    Sub(0, "&Tools"),
+
+    Sub(0, "&Window"),
+    {1, ID_WINDOW_CASCADE, "&Cascade"},
+    {1, ID_WINDOW_TILE_HORZ, "Tile &Horizontally"},
+    {1, ID_WINDOW_TILE_VERT, "Tile &Vertically"},
+    Line(1),
+    {1, ID_WINDOW_NEXT, "&Next"},
+    {1, ID_WINDOW_PREV, "&Previous"},
+    Line(1),
+    {1, ID_WINDOW_CLOSE_ALL, "Close &All"},
+
+    Sub(0, "&Help"),
+    {1, ID_APP_ABOUT, "&About Thornwell IDE"},
+};
+
+constexpr LangMenuEntry kOutput[] = {
+    {0, ID_NEXT_MESSAGE, "&Next Message"},
+    Line(0),
+    {0, ID_OUTPUT_COPY, "&Copy All"},
+    {0, ID_OUTPUT_CLEAR, "C&lear"},
+};
+
+constexpr LangMenuEntry kTreeProject[] = {
+    {0, ID_PROJECT_ACTIVATE, "&Set as Active Project"},
+    Line(0),
+    {0, ID_PROJECT_ADD_FILES, "&Add Files..."},
+    {0, ID_PROJECT_ADD_NEW_FILE, "Add &New File..."},
+    {0, ID_PROJECT_ADD_LIBRARY, "Add System &Library..."},
+    Line(0),
+    {0, ID_PROJECT_TARGET, "&Target..."},
+    {0, ID_PROJECT_OPTIONS, "&Options..."},
+    Line(0),
+    {0, ID_PROJECT_REMOVE, "&Remove Project"},
+};
+
+constexpr LangMenuEntry kTreeFile[] = {
+    {0, ID_PROJECT_ADD_FILES, "&Add Files..."},
+    {0, ID_PROJECT_ADD_NEW_FILE, "Add &New File..."},
+    Line(0),
+    {0, ID_PROJECT_REMOVE_FILE, "&Remove File"},
+};
+
+constexpr LangMenuEntry kTreeRoot[] = {
+    {0, ID_PROJECT_NEW_INTO, "&New Project..."},
+    {0, ID_PROJECT_OPEN_INTO, "&Open Project..."},
+    {0, ID_PROJECT_ADD_EXISTING, "Add &Existing Projects..."},
+    Line(0),
+    {0, ID_WORKSPACE_CLOSE, "&Close Workspace"},
+};
+
+constexpr LangMenuEntry kTab[] = {
+    {0, ID_TAB_ACTIVATE, "&Activate"},
+    {0, ID_TAB_CLOSE, "&Close"},
+    Line(0),
+    {0, ID_TABS_TOP, "Tabs at &Top"},
+    {0, ID_TABS_BOTTOM, "Tabs at &Bottom"},
+    {0, ID_TABS_TOGGLE_TWIN, "Hide &Document Tabs"},
+};
+
+constexpr LangMenuEntry kBuildArrow[] = {
+    {0, ID_BUILD, "&Build"},
+    {0, ID_REBUILD, "&Rebuild"},
+    {0, ID_CLEAN, "&Clean"},
+    Line(0),
+    {0, ID_BUILD_ALL, "B&uild All"},
+    {0, ID_REBUILD_ALL, "Rebuild &All"},
+    {0, ID_CLEAN_ALL, "C&lean All"},
+};
+
+}  // namespace
+
+std::span<const LangMenuEntry> FindMenu(int id) {
+    switch (id) {
+        case IDR_MAINFRAME: return kMain;
+        case IDR_OUTPUT_MENU: return kOutput;
+        case IDR_WORKSPACE_MENU_PROJECT: return kTreeProject;
+        case IDR_WORKSPACE_MENU_FILE: return kTreeFile;
+        case IDR_WORKSPACE_MENU_ROOT: return kTreeRoot;
+        case IDR_TAB_MENU: return kTab;
+        case IDR_BUILD_MENU: return kBuildArrow;
+        default: return {};
+    }
+}
+
+}  // namespace language

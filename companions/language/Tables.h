@@ -1,0 +1,16 @@
+// The tables behind the library's exports. Each lookup is empty or null for an unknown id.
+#pragma once
+
+#include <span>
+
+#include "framework/LanguageApi.h"
+
+namespace language {
+
+const char *FindText(int id);
+const char *FindCommandIcon(int command);
+std::span<const LangMenuEntry> FindMenu(int id);
+std::span<const LangToolButton> FindToolBar(int id);
+std::span<const LangAccelerator> FindAccelerators(int id);
+
+}  // namespace language
