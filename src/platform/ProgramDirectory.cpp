@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -17,13 +18,14 @@ bool IsProgram(const std::string &native) {
     return stat(native.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(native.c_str(), X_OK) == 0;
 }
 
-// `native` itself, or without its ".exe"; empty when neither can be run.
-std::string ProgramAt(const std::string &native) {
-    if (IsProgram(native)) return native;
-    constexpr std::string_view suffix = ".exe";
-    if (native.size() <= suffix.size() || !EqualNoCase(std::string_view(native).substr(native.size() - 4), suffix)) return {};
-    const std::string bare = native.substr(0, native.size() - suffix.size());
-    return IsProgram(bare) ? bare : std::string();
+bool EndsInExe(std::string_view name) { return name.size() > 4 && EqualNoCase(name.substr(name.size() - 4), ".exe"); }
+
+// The program of this name in the Windows form, or of the name without its ".exe"; empty when neither can be run.
+std::string LookUpProgram(std::string_view name) {
+    if (std::string native = ToNativePath(name); IsProgram(native)) return native;
+    if (!EndsInExe(name)) return {};
+    std::string native = ToNativePath(name.substr(0, name.size() - 4));
+    return IsProgram(native) ? native : std::string();
 }
 
 }  // namespace
@@ -48,18 +50,9 @@ std::string ProgramFile(const std::string &name) {
 
 std::string FindProgram(const std::string &word) {
     if (word.empty() || word.find('\0') != word.npos) return {};
-    if (word.find_first_of("\\/:") != word.npos) {
-        const std::string found = ProgramAt(ToNativePath(word));
-        return found.empty() ? ProgramAt(NativePathAsSpelled(word)) : found;
-    }
+    if (word.find_first_of("\\/:") != word.npos) return LookUpProgram(word);
+    if (std::string found = LookUpProgram(ProgramFile(word)); !found.empty()) return found;
 
-    for (const std::string &name : {ProgramFile(word)}) {
-        // Twice: the look-up without regard to case needs a name that exists in some spelling.
-        std::string found = ProgramAt(ToNativePath(name));
-        if (found.empty() && EqualNoCase(std::string_view(name).substr(std::max<size_t>(name.size(), 4) - 4), ".exe"))
-            found = ProgramAt(ToNativePath(std::string_view(name).substr(0, name.size() - 4)));
-        if (!found.empty()) return found;
-    }
     const char *path = getenv("PATH");
     std::string_view rest = path ? path : "/usr/local/bin:/usr/bin:/bin";
     while (!rest.empty()) {
@@ -67,7 +60,9 @@ std::string FindProgram(const std::string &word) {
         const std::string directory(rest.substr(0, colon));
         rest.remove_prefix(std::min(colon + 1, rest.size()));
         if (!directory.starts_with('/')) continue;  // the current directory is no place for tools
-        if (std::string found = ProgramAt(directory + "/" + word); !found.empty()) return found;
+        std::string found = directory + "/" + word;
+        if (IsProgram(found)) return found;
+        if (EndsInExe(word) && IsProgram(found = found.substr(0, found.size() - 4))) return found;
     }
     return {};
 }
