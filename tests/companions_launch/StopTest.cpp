@@ -29,23 +29,25 @@ class PspawnStop : public testing::Test {
 TEST_F(PspawnStop, EndsEveryKindOfTree) {
     const struct {
         const char *name, *script;
+        int exitCode;  // of the command's own process
     } cases[] = {
-        {"quick to end", "echo ready; sleep 1000"},
-        {"ignores the polite signal", kStubborn},
-        {"own sessions", "trap '' TERM; setsid sleep 1000 & setsid --fork setsid sleep 1000; echo ready; sleep 1000"},
+        {"quick to end", "echo ready; sleep 1000", 143},
+        {"ignores the polite signal", kStubborn, 137},
+        {"own sessions", "trap '' TERM; setsid sleep 1000 & setsid --fork setsid sleep 1000; echo ready; sleep 1000",
+         137},
         {"orphans",
-         "trap '' TERM; ( (sleep 1000; sleep 1000) & ) ; ( ( (sleep 1000) & ) & ); echo ready; wait; sleep 1000"},
-        {"goes on forking", "trap '' TERM; echo ready; while :; do (sleep 1000 &); done"},
-        {"forks anew from orphans", "trap '' TERM; f() { sleep 0.01; f & }; f & f & f & echo ready; sleep 1000"},
-        {"stopped", "echo ready; (kill -STOP $$); sleep 1000"},
-        {"writes all the time", "echo ready; yes"},
+         "trap '' TERM; ( (sleep 1000; sleep 1000) & ) ; ( ( (sleep 1000) & ) & ); echo ready; wait; sleep 1000", 137},
+        {"goes on forking", "trap '' TERM; echo ready; while :; do (sleep 1000 &); done", 137},
+        {"forks anew from orphans", "trap '' TERM; f() { sleep 0.01; f & }; f & f & f & echo ready; sleep 1000", 137},
+        {"stopped", "echo ready; (kill -STOP $$); sleep 1000", 143},
+        {"writes all the time", "echo ready; yes", 143},
     };
     for (const auto &c : cases) {
         event_.Reset();
         CLaunched launched(Pspawn({"sh", "-c", c.script}, event_.Descriptor()), Inherit());
         launched.ReadUntil("ready");
         event_.Set();
-        EXPECT_GE(launched.Wait(), 128) << c.name;
+        EXPECT_EQ(launched.Wait(), c.exitCode) << c.name;
         EXPECT_TRUE(NothingLeft()) << c.name;
     }
 }
