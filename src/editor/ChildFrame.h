@@ -1,0 +1,18 @@
+// The child frame of source documents. A new one opens maximised when the last one was.
+#pragma once
+
+#include "framework/MDIChildWnd.h"
+
+class CChildFrame : public CMDIChildWnd {
+public:
+    CChildFrame() = default;
+
+    void setVisible(bool visible) override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    bool shown_ = false;
+};

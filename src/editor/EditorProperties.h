@@ -1,0 +1,48 @@
+// What the user can set about the look of source text, for all code views alike.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "editor/Style.h"
+
+class CSciWindow;
+
+// Main thread.
+class CEditorProperties {
+public:
+    static constexpr size_t kStyles = 15;
+
+    CEditorProperties();  // the defaults
+
+    void ResetStyles();  // the table's defaults; the other fields stay
+    void Load();         // from the user's settings; without any there, nothing changes
+    void Save() const;
+
+    // Pushes everything into one component window. `lineCount` decides how wide the line numbers are.
+    void ApplyProperties(const CSciWindow &window, int lineCount) const;
+    void ApplyExecutionColour(const CSciWindow &window) const;
+
+    // Pixels that the line numbers of a text of `lineCount` lines need.
+    static int LineNumberWidth(const CSciWindow &window, int lineCount);
+
+    // Whether text of the component's current lexer can be folded and folding is on.
+    bool FoldsIn(const CSciWindow &window) const;
+
+    std::string font = "Courier New";
+    int fontSize = 10;  // points
+    int tabSize = 4;    // columns, at least 1
+    bool useTabs = true;
+    bool fold = false;
+    bool indentGuides = false;
+    bool smartIndent = false;
+    bool lineNumbers = false;
+    std::array<CStyle, kStyles> styles;
+
+private:
+    const CStyle &Row(int id) const;
+    void ApplyMargins(const CSciWindow &window, int lineCount) const;
+    void ApplyFont(const CSciWindow &window) const;
+    void ApplyRow(const CSciWindow &window, const CStyle &row) const;
+    void ApplyPredefinedStyles(const CSciWindow &window) const;
+};

@@ -1,0 +1,22 @@
+// What a component window of a code view is told once, and for each kind of file.
+#pragma once
+
+#include "editor/FileKind.h"
+
+class CSciWindow;
+
+// Marker numbers in every code view.
+enum ViewMarker : int {
+    kMarkerExecution = 0,
+    kMarkerBookmark = 1,
+    kMarkerBreakpoint = 3,
+    kMarkerBreakpointSecond = 4,
+    kMarkerFunction = 5,  // invisible; follows the line of a function
+};
+
+void SetUpWindow(const CSciWindow &window);       // at its creation
+void SetUpFolding(const CSciWindow &window);      // glyphs of the folding margin
+void SetUpCaret(const CSciWindow &window);        // blinks as the desktop's carets do
+
+// Lexer, keywords and folding margin for `kind`; unbinds the keys that would put control characters into the text.
+void SetLexerOf(const CSciWindow &window, FileKind kind, bool fold);
