@@ -4,7 +4,7 @@
 #include <linux/close_range.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -128,7 +128,7 @@ bool CChildProcess::Start(const std::vector<std::string> &arguments, const std::
     ssize_t count;
     do count = read(pipes.fault[0], &fault, sizeof fault);
     while (count < 0 && errno == EINTR);
-    const int descriptor = count == 0 ? pidfd_open(pid, 0) : -1;
+    const int descriptor = count == 0 ? static_cast<int>(syscall(SYS_pidfd_open, pid, 0)) : -1;
     if (descriptor < 0) {
         bool known;
         if (count == 0) kill(pid, SIGKILL);
