@@ -4,15 +4,15 @@
 #include "framework/MDIChildWnd.h"
 
 class CChildFrame : public CMDIChildWnd {
-public:
+ public:
     CChildFrame() = default;
 
     void setVisible(bool visible) override;
 
-protected:
+ protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
-private:
+ private:
     bool shown_ = false;
 };

@@ -10,5 +10,6 @@ inline constexpr int kFileKinds = 5;
 
 FileKind FileKindOf(std::string_view path);  // without regard to case
 
-// The header of a C source file or the source file of a header: the first that exists beside it. Empty when there is none.
+// The header of a C source file or the source file of a header: the first that exists beside it. Empty when there is
+// none.
 std::string CounterpartOf(const std::string &path);

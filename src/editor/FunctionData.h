@@ -14,7 +14,8 @@ struct CFunctionData {
         intptr_t handle = 0;
     };
 
-    // Stores the marker of `view`, in place of its earlier one or in a free place. False when other views hold all four.
+    // Stores the marker of `view`, in place of its earlier one or in a free place. False when other views hold all
+    // four.
     bool SetMark(const CIDEView *view, intptr_t handle);
     void DropMark(const CIDEView *view);
     const Mark *FindMark(const CIDEView *view) const;  // null when it has none

@@ -10,13 +10,14 @@
 class CIDEView;
 
 class CIDEDoc : public CTrackingDoc {
-public:
+ public:
     CIDEDoc();
 
     void SetPathName(const std::string &path, bool addToRecent = true) override;
     void DeleteContents() override;
-    bool OnNewDocument() override;                        // with the toolsuite's first text
-    bool OnOpenDocument(const std::string &path) override;  // false, with a line in the build list, for what can't be read
+    bool OnNewDocument() override;  // with the toolsuite's first text
+    bool OnOpenDocument(
+        const std::string &path) override;  // false, with a line in the build list, for what can't be read
     bool OnSaveDocument(const std::string &path) override;  // false, with a box, when it can't be written
 
     // The modified flag and the star at the end of the title, together.
@@ -33,7 +34,7 @@ public:
     std::vector<CFunctionData> functions;
     void ClearFunctions() { functions.clear(); }
 
-private:
+ private:
     void SaveWithFramework(bool askForName);
     void RecolourAs(const std::string &path);
     std::string TrackedName(const std::string &path) const;

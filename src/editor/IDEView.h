@@ -11,7 +11,7 @@ class CIDEDoc;
 
 // Lines and columns count from 0. Main thread.
 class CIDEView : public CView {
-public:
+ public:
     explicit CIDEView(QWidget *parent = nullptr);
     ~CIDEView() override;
 
@@ -39,7 +39,7 @@ public:
     // Position and scroll of the last change, -1 before the first.
     intptr_t LastEditPosition() const { return lastEditPos_; }
 
-protected:
+ protected:
     virtual void OnNotify(const SciLexerNotification &notification);
 
     // What the outside did to the file.
@@ -49,7 +49,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
 
-private:
+ private:
     void MapCommands();
     void ApplySettings();
     void ShowFile(const std::string &path);

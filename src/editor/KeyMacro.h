@@ -7,8 +7,8 @@
 
 // One recorded step.
 struct CMacroCommand {
-    int type = 0;      // always 0 when recorded; only type 0 is played
-    int message = 0;   // the component's message; 0 is skipped at playback
+    int type = 0;     // always 0 when recorded; only type 0 is played
+    int message = 0;  // the component's message; 0 is skipped at playback
     int wParam = 0;
     std::string lParam;  // a text; empty without one
 
@@ -17,7 +17,7 @@ struct CMacroCommand {
 
 // The current macro, kept in the user's settings across runs. Main thread.
 class CKeyMacro {
-public:
+ public:
     void Load();
     void Store() const;
 
@@ -25,6 +25,6 @@ public:
     void Append(CMacroCommand command) { commands_.push_back(std::move(command)); }
     const std::vector<CMacroCommand> &Commands() const { return commands_; }
 
-private:
+ private:
     std::vector<CMacroCommand> commands_;
 };

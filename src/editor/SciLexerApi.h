@@ -8,8 +8,8 @@ class QWidget;
 
 extern "C" {
 
-// One notification of a component window. Which fields count depends on `code`; the others are 0. The pointers are valid
-// during the call only.
+// One notification of a component window. Which fields count depends on `code`; the others are 0. The pointers are
+// valid during the call only.
 struct SciLexerNotification {
     uint32_t code;             // one of SCN_...
     intptr_t position;         // a byte offset in the text
@@ -19,22 +19,23 @@ struct SciLexerNotification {
     const char *text;          // inserted or deleted bytes, `length` of them; may be null
     intptr_t length;
     intptr_t linesAdded;
-    uint32_t message;          // SCN_MACRORECORD: the message that was carried out, with its two parameters
+    uint32_t message;  // SCN_MACRORECORD: the message that was carried out, with its two parameters
     uintptr_t wParam;
     intptr_t lParam;
     intptr_t line;
     int32_t foldLevelNow;
     int32_t foldLevelPrev;
-    int32_t margin;            // number of the margin clicked
-    int32_t x, y;              // pixels, in the component window
-    int32_t updated;           // SC_UPDATE_...
+    int32_t margin;   // number of the margin clicked
+    int32_t x, y;     // pixels, in the component window
+    int32_t updated;  // SC_UPDATE_...
 };
 
 // Called from inside SciLexerSend or the component's own event handlers. It may send messages to the same window; text
 // must not be changed while SCN_MODIFIED is told.
 using SciLexerNotifyFn = void(void *context, const SciLexerNotification *notification);
 
-// Makes an empty component window of size 0, visible with its parent, code page UTF-8. `parent` owns it. Null on failure.
+// Makes an empty component window of size 0, visible with its parent, code page UTF-8. `parent` owns it. Null on
+// failure.
 using SciLexerCreateFn = QWidget *(QWidget *parent);
 
 // Carries out one message at once and returns its answer. Texts go as pointers in the second or first parameter, as the

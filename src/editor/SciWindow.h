@@ -5,13 +5,13 @@
 #include <QWidget>
 #include <string>
 
-#include "editor/ScintillaMessages.h"
 #include "editor/SciLexerApi.h"
+#include "editor/ScintillaMessages.h"
 
 // Copies name the same window, which its Qt parent owns. A handle without a window, or whose window is gone, answers 0
 // to everything. Main thread.
 class CSciWindow {
-public:
+ public:
     CSciWindow() = default;
     CSciWindow(QWidget *window, SciLexerSendFn *send) : window_(window), send_(send) {}
 
@@ -25,11 +25,11 @@ public:
         return Send(message, wParam, reinterpret_cast<intptr_t>(text));
     }
 
-    std::string GetText() const;                 // all bytes, as stored
-    std::string GetLine(intptr_t line) const;    // with its line end
+    std::string GetText() const;               // all bytes, as stored
+    std::string GetLine(intptr_t line) const;  // with its line end
     std::string GetSelectedText() const;
 
-private:
+ private:
     QPointer<QWidget> window_;
     SciLexerSendFn *send_ = nullptr;
 };

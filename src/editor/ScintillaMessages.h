@@ -190,6 +190,7 @@ enum SciConstant : intptr_t {
     SC_MARKNUM_FOLDERSUB = 29,
     SC_MARKNUM_FOLDER = 30,
     SC_MARKNUM_FOLDEROPEN = 31,
+    SC_MASK_FOLDERS = 0xFE000000,
 
     // Margin types
     SC_MARGIN_SYMBOL = 0,

@@ -14,9 +14,9 @@ enum ViewMarker : int {
     kMarkerFunction = 5,  // invisible; follows the line of a function
 };
 
-void SetUpWindow(const CSciWindow &window);       // at its creation
-void SetUpFolding(const CSciWindow &window);      // glyphs of the folding margin
-void SetUpCaret(const CSciWindow &window);        // blinks as the desktop's carets do
+void SetUpWindow(const CSciWindow &window);   // at its creation
+void SetUpFolding(const CSciWindow &window);  // glyphs of the folding margin
+void SetUpCaret(const CSciWindow &window);    // blinks as the desktop's carets do
 
 // Lexer, keywords and folding margin for `kind`; unbinds the keys that would put control characters into the text.
 void SetLexerOf(const CSciWindow &window, FileKind kind, bool fold);
