@@ -1,6 +1,7 @@
 // The main window: menu, bars, and an area of child frames with tabs.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <functional>
 #include <string>
@@ -15,6 +16,8 @@ class CView;
 class CXTToolBar;
 class QMdiArea;
 class QMenu;
+class QTimer;
+class CUserStore;
 
 class CMDIFrameWnd : public QMainWindow, public CWnd {
 public:
@@ -30,6 +33,8 @@ public:
     CMDIChildWnd *MDIGetActive() const;
     CView *GetActiveView() const;
     std::vector<CMDIChildWnd *> Children() const;  // in the order of their making
+    void AddChild(CMDIChildWnd *child);            // maximised when the others are, or when it is the first
+    void ShowTabMenu(CMDIChildWnd *child, const QPoint &at) { OnTabMenu(child, at); }
 
     // Active view and its document, child frame, the frame's own map, then the application.
     bool OnCmdMsg(int id, CCmdUI *ui) override;
@@ -42,6 +47,7 @@ public:
     QAction *MakeCommandAction(int command, const std::string &text, QObject *owner, CCmdTarget *target = nullptr);
     std::string AcceleratorText(int command) const;     // empty when it has none
 
+    void RunCommand(int id, CCmdTarget *target = nullptr);  // if its state allows it; `target` is asked first
     void UpdateCommandUI();     // all tool bars, one pass
     void ShowCommandHelp(int command);
 
@@ -50,10 +56,13 @@ public:
     virtual bool LoadBarState(const std::string &name);
 
     void SetTabs(bool on, bool top);
+    void Tile(Qt::Orientation rows);  // horizontal: one above the other
+    void FillWindowList(QMenu *menu, int firstCommand);  // at most nine open children, at the menu's end
     void RefreshTabs();
 
 protected:
     virtual void OnInitMenu() {}                    // a menu is about to open: rebuild what changes
+    virtual CUserStore &UserStore() = 0;            // where layouts are kept
     virtual std::string ComposeTitle() const = 0;   // the one title of the window
     virtual void OnTabMenu(CMDIChildWnd *child, const QPoint &at) {}
     virtual void OnStatusHelp(const std::string &text) {}
@@ -63,6 +72,9 @@ protected:
     void OnClientChanged();  // children came, went or changed places
 
 private:
+    static constexpr int kBarStateVersion = 1;  // a layout of another version is not loaded
+
+    bool RouteCommand(int id, CCmdUI *ui, CCmdTarget *target);
     void FillMenu(QMenu *menu, int resource, CCmdTarget *target);
     void PrepareMenu(QMenu *menu, CCmdTarget *target);
     void BuildAccelerators(int resource);
@@ -71,4 +83,8 @@ private:
     CMDITabs *tabs_;
     std::vector<std::pair<int, std::string>> accelerators_;  // command and keys
     bool composing_ = false;
+    bool tabsOn_ = true;
+    QTimer *idle_;
+    QElapsedTimer updatedByIdle_;
+    bool restless_ = true;  // events came since the last pass over the tool bars
 };

@@ -14,6 +14,7 @@
 #include <string>
 
 class CMessageTarget;
+struct MessageLink;
 
 // The way to a target from another thread. Copies may outlive the target: a post then answers false and drops the
 // message, with its text.
@@ -24,8 +25,7 @@ public:
 
 private:
     friend class CMessageTarget;
-    struct Link;
-    std::shared_ptr<Link> link_;
+    std::shared_ptr<MessageLink> link_;
 };
 
 class CMessageTarget {

@@ -4,13 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/UserStore.h"
+
 class CRecentList {
 public:
     static constexpr size_t kEntries = 8;
     static constexpr size_t kShownCharacters = 30;
 
     // Keys are `section` and `keyFormat` ("File%d"), numbered from 1.
-    CRecentList(std::string section, std::string keyFormat);
+    CRecentList(std::string section, std::string keyFormat, CUserStore &store);
 
     void Load();
     void Add(const std::string &name);  // to the top; the same name (ignoring case) moves up
@@ -24,5 +26,6 @@ private:
     void Store() const;
 
     std::string section_, keyFormat_;
+    CUserStore &store_;
     std::vector<std::string> entries_;
 };

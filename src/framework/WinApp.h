@@ -35,6 +35,9 @@ public:
     virtual void AddToRecentFileList(const std::string &path) {}
     virtual std::string UntitledName() const { return "Untitled"; }
     virtual std::string SaveQuestion(const std::string &name) const = 0;  // text of "save changes?"
+    virtual std::string BoxTitle() const = 0;                             // title of that box
+    virtual std::string SaveAsTitle() const { return {}; }                // of the save dialog; empty: its own
+    virtual std::string AllFilesFilter() const { return "All Files|*.*|"; }
 
     static CWinApp *Get();  // null before construction
 
