@@ -4,6 +4,8 @@
 
 namespace language {
 
-const char *FindCommandIcon(int command) { return IconOf(command); }
+const char *FindCommandIcon(int command) {
+    return IconOf(command);
+}
 
 }  // namespace language

@@ -14,7 +14,9 @@ const Row *Hand(std::span<const Row> rows, int32_t *count) {
 
 }  // namespace
 
-THORNWELL_EXPORT const char *LangGetString(int32_t id) { return language::FindText(id); }
+THORNWELL_EXPORT const char *LangGetString(int32_t id) {
+    return language::FindText(id);
+}
 
 THORNWELL_EXPORT const LangMenuEntry *LangGetMenu(int32_t id, int32_t *count) {
     return Hand(language::FindMenu(id), count);
@@ -28,7 +30,9 @@ THORNWELL_EXPORT const LangAccelerator *LangGetAccelerators(int32_t id, int32_t 
     return Hand(language::FindAccelerators(id), count);
 }
 
-THORNWELL_EXPORT const char *LangGetCommandIcon(int32_t command) { return language::FindCommandIcon(command); }
+THORNWELL_EXPORT const char *LangGetCommandIcon(int32_t command) {
+    return language::FindCommandIcon(command);
+}
 
 static_assert(std::is_same_v<decltype(LangGetString), LangGetStringFn>);
 static_assert(std::is_same_v<decltype(LangGetMenu), LangGetMenuFn>);

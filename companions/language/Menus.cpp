@@ -1,3 +1,4 @@
+#include "SortedTable.h"
 #include "Tables.h"
 #include "app/CommandIds.h"
 #include "app/StringIds.h"
@@ -5,8 +6,12 @@
 namespace language {
 namespace {
 
-constexpr LangMenuEntry Sub(int depth, const char *text) { return {depth, 0, text}; }
-constexpr LangMenuEntry Line(int depth) { return {depth, 0, nullptr}; }
+constexpr LangMenuEntry Sub(int depth, const char *text) {
+    return {depth, 0, text};
+}
+constexpr LangMenuEntry Line(int depth) {
+    return {depth, 0, nullptr};
+}
 
 constexpr LangMenuEntry kMain[] = {
     Sub(0, "&File"),
@@ -157,28 +162,40 @@ constexpr LangMenuEntry kTab[] = {
 };
 
 constexpr LangMenuEntry kBuildArrow[] = {
+    // The active project
     {0, ID_BUILD, "&Build"},
     {0, ID_REBUILD, "&Rebuild"},
     {0, ID_CLEAN, "&Clean"},
     Line(0),
+    // All projects of the workspace
     {0, ID_BUILD_ALL, "B&uild All"},
     {0, ID_REBUILD_ALL, "Rebuild &All"},
     {0, ID_CLEAN_ALL, "C&lean All"},
 };
 
+struct MenuRow {
+    int id;
+    std::span<const LangMenuEntry> entries;
+};
+
+constexpr MenuRow kMenus[] = {
+    {IDR_MAINFRAME, kMain},
+    {IDR_OUTPUT_MENU, kOutput},
+    {IDR_WORKSPACE_MENU_PROJECT, kTreeProject},
+    {IDR_WORKSPACE_MENU_FILE, kTreeFile},
+    {IDR_WORKSPACE_MENU_ROOT, kTreeRoot},
+    {IDR_TAB_MENU, kTab},
+    {IDR_BUILD_MENU, kBuildArrow},
+};
+
+constexpr auto kById = SortedById(kMenus);
+static_assert(HasUniqueIds(kById), "two menus have the same id");
+
 }  // namespace
 
 std::span<const LangMenuEntry> FindMenu(int id) {
-    switch (id) {
-        case IDR_MAINFRAME: return kMain;
-        case IDR_OUTPUT_MENU: return kOutput;
-        case IDR_WORKSPACE_MENU_PROJECT: return kTreeProject;
-        case IDR_WORKSPACE_MENU_FILE: return kTreeFile;
-        case IDR_WORKSPACE_MENU_ROOT: return kTreeRoot;
-        case IDR_TAB_MENU: return kTab;
-        case IDR_BUILD_MENU: return kBuildArrow;
-        default: return {};
-    }
+    const auto *row = FindRow(kById, id);
+    return row ? row->entries : std::span<const LangMenuEntry>();
 }
 
 }  // namespace language

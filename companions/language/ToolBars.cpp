@@ -22,9 +22,21 @@ consteval LangToolButton DropDown(int command, int menu) {
 }
 
 constexpr LangToolButton kMain[] = {
-    Push(ID_FILE_NEW),  Push(ID_FILE_OPEN), Push(ID_FILE_SAVE),       Push(ID_FILE_SAVE_ALL),  kGap,
-    Push(ID_EDIT_CUT),  Push(ID_EDIT_COPY), Push(ID_EDIT_PASTE),      kGap,                    Push(ID_EDIT_UNDO),
-    Push(ID_EDIT_REDO), kGap,               Push(ID_BOOKMARK_TOGGLE), Push(ID_BOOKMARK_NEXT), Push(ID_BOOKMARK_PREVIOUS),
+    Push(ID_FILE_NEW),
+    Push(ID_FILE_OPEN),
+    Push(ID_FILE_SAVE),
+    Push(ID_FILE_SAVE_ALL),
+    kGap,
+    Push(ID_EDIT_CUT),
+    Push(ID_EDIT_COPY),
+    Push(ID_EDIT_PASTE),
+    kGap,
+    Push(ID_EDIT_UNDO),
+    Push(ID_EDIT_REDO),
+    kGap,
+    Push(ID_BOOKMARK_TOGGLE),
+    Push(ID_BOOKMARK_NEXT),
+    Push(ID_BOOKMARK_PREVIOUS),
 };
 
 // The forms of the build tool bar differ in what their stop button stops, so that nothing moves when a build starts.
@@ -47,18 +59,28 @@ constexpr LangToolButton kBuildForm[] = {
     Push(ID_PROJECT_OPTIONS),
 };
 
+struct ToolBarRow {
+    int id;
+    std::span<const LangToolButton> buttons;
+};
+
+constexpr ToolBarRow kToolBars[] = {
+    {IDR_TOOLBAR_MAIN, kMain},
+    {IDR_MAINFRAME, kBuildForm<ID_BUILD_STOP>},
+    {IDR_BUILD_RUNNING, kBuildForm<ID_BUILD_STOP>},
+    {IDR_BUILD_STEP_FIRST, kBuildForm<ID_STEP_FIRST_STOP>},
+    {IDR_BUILD_STEP_SECOND, kBuildForm<ID_STEP_SECOND_STOP>},
+    {IDR_BUILD_STEP_FIFTH, kBuildForm<ID_STEP_FIFTH_STOP>},
+};
+
+constexpr auto kById = SortedById(kToolBars);
+static_assert(HasUniqueIds(kById), "two tool bars have the same id");
+
 }  // namespace
 
 std::span<const LangToolButton> FindToolBar(int id) {
-    switch (id) {
-        case IDR_TOOLBAR_MAIN: return kMain;
-        case IDR_MAINFRAME:
-        case IDR_BUILD_RUNNING: return kBuildForm<ID_BUILD_STOP>;
-        case IDR_BUILD_STEP_FIRST: return kBuildForm<ID_STEP_FIRST_STOP>;
-        case IDR_BUILD_STEP_SECOND: return kBuildForm<ID_STEP_SECOND_STOP>;
-        case IDR_BUILD_STEP_FIFTH: return kBuildForm<ID_STEP_FIFTH_STOP>;
-        default: return {};
-    }
+    const auto *row = FindRow(kById, id);
+    return row ? row->buttons : std::span<const LangToolButton>();
 }
 
 }  // namespace language
