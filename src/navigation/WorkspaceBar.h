@@ -1,17 +1,21 @@
 // The workspace bar: the tree of projects and their files.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "framework/DockBar.h"
 
 class CProjectTree;
+class CProjectTreeHost;
+class QLabel;
 class QTabWidget;
 
 // Projects are named as in the workspace's project calls; paths are in the Windows form. Main thread.
 class CWorkspaceBar : public CDockBar {
 public:
     CWorkspaceBar(const std::string &title, QWidget *parent);
+    ~CWorkspaceBar() override;
 
     void SetRedraw(bool redraw);                // nested; the last true repaints once
     void SetTitle(const std::string &text);     // text above the tree: what kind of workspace is open
@@ -32,8 +36,15 @@ public:
 
     CProjectTree &Tree() { return *tree_; }
 
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
 private:
+    std::unique_ptr<CProjectTreeHost> host_;
     CProjectTree *tree_;
     QTabWidget *tabs_;
+    QLabel *label_;  // above the tabs; hidden while it has no text
     int redrawLocks_ = 0;
+    int grouping_ = 1;  // of the symbols: 1 by category, 2 by file
 };
