@@ -26,7 +26,8 @@ public:
 private:
     bool ExecutePlain(const std::string &directory);
     bool ExecuteTool(const std::string &directory);
-    void RefreshDocuments();  // reloads what the step wrote, closes what it removed
-    bool CheckOutputs();
-    void ShowLog();
+    bool Launch(const std::string &commandLine, const std::string &directory, int parameter);
+    void RefreshDocuments() const;  // reloads what the step wrote, closes what it removed
+    bool CheckOutputs() const;
+    void ShowLog() const;
 };
