@@ -13,5 +13,5 @@ void MakeRelativeToFile(std::string_view base, std::string &name);
 
 // The three rules by which a path enters a command line, by what it is.
 std::string QuoteToolPath(std::string_view path, std::string_view programDirectory);  // the directory holds a blank
-std::string QuoteIfBlank(std::string_view path);      // scripts and makefiles: the path holds a blank or a tab
-std::string QuoteListedName(std::string_view name);   // names in a list: holds a blank and doesn't begin with a quote
+std::string QuoteIfBlank(std::string_view path);     // scripts and makefiles: the path holds a blank or a tab
+std::string QuoteListedName(std::string_view name);  // names in a list: holds a blank and doesn't begin with a quote

@@ -51,9 +51,7 @@ struct Pipes {
             for (int &end : ends) CloseIt(end);
         for (int &end : fault) CloseIt(end);
     }
-    bool Make() {
-        return MakePipe(standard[0]) && MakePipe(standard[1]) && MakePipe(standard[2]) && MakePipe(fault);
-    }
+    bool Make() { return MakePipe(standard[0]) && MakePipe(standard[1]) && MakePipe(standard[2]) && MakePipe(fault); }
     int ChildEnd(int handle) const { return standard[handle][handle == 0 ? 0 : 1]; }
     int &ParentEnd(int handle) { return standard[handle][handle == 0 ? 1 : 0]; }
 };

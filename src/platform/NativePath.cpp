@@ -56,7 +56,8 @@ std::string NativePathAsSpelled(std::string_view windows) {
         const char drive = static_cast<char>(windows[0] | 32);
         windows.remove_prefix(2);
         if (drive != 'c') native = std::string("/mnt/") + drive;
-        if ((drive == 'c' || !windows.empty()) && !windows.starts_with('\\') && !windows.starts_with('/')) native += '/';
+        if ((drive == 'c' || !windows.empty()) && !windows.starts_with('\\') && !windows.starts_with('/'))
+            native += '/';
     }
     native += windows;
     std::replace(native.begin(), native.end(), '\\', '/');

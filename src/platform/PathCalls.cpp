@@ -121,3 +121,11 @@ bool PathRelativePathToA(std::string &out, std::string_view from, unsigned fromA
     out = Join(result);
     return true;
 }
+
+std::string GetFullPathNameA(const std::string &name) {
+    const SplitPath parts = _splitpath(name);
+    const bool rooted = parts.directory.starts_with('\\') || parts.directory.starts_with('/');
+    std::string full = parts.drive.empty() && !rooted ? GetCurrentDirectoryA() + "\\" + name : name;
+    PathCanonicalizeA(full, full);
+    return full;
+}

@@ -52,6 +52,9 @@ std::string LowerCase(std::string_view text);
 std::string GetCurrentDirectoryA();
 bool SetCurrentDirectoryA(const std::string &directory);
 
+// The full, canonical path of a name that may be relative to the current directory.
+std::string GetFullPathNameA(const std::string &name);
+
 // kInvalidFileAttributes when there is no such file; kFileAttributeReadOnly when the user may not write it.
 unsigned GetFileAttributesA(const std::string &path);
 bool CreateDirectoryA(const std::string &path);  // one level; false when it exists

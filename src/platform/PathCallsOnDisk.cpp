@@ -17,14 +17,13 @@ bool Stat(const std::string &path, struct stat &status) {
 
 bool IsShortNameLetter(char c) {
     constexpr std::string_view others = "$%'-_@~`!(){}^#&";
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-           others.find(c) != others.npos;
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || others.find(c) != others.npos;
 }
 
 bool IsShortName(const SplitPath &parts) {
     const std::string_view extension = std::string_view(parts.extension).substr(parts.extension.empty() ? 0 : 1);
-    return !parts.name.empty() && parts.name.size() <= 8 && extension.size() <= 3 &&
-           parts.extension != "." && std::all_of(parts.name.begin(), parts.name.end(), IsShortNameLetter) &&
+    return !parts.name.empty() && parts.name.size() <= 8 && extension.size() <= 3 && parts.extension != "." &&
+           std::all_of(parts.name.begin(), parts.name.end(), IsShortNameLetter) &&
            std::all_of(extension.begin(), extension.end(), IsShortNameLetter);
 }
 

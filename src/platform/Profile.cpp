@@ -50,7 +50,7 @@ class CProfileCache {
 public:
     std::mutex lock;
 
-    // Never null; an empty text for a file that is missing or can't be read.
+    // An empty text for a file that is missing (or is no file), null for one that can't be read.
     std::shared_ptr<const CProfileText> Load(const std::string &nativePath) {
         const std::optional<FileIdentity> identity = Identify(nativePath);
         const auto known = FindEntry(nativePath);
@@ -64,7 +64,7 @@ public:
         }
         // The identity is older than the bytes: a write in between shows as another identity at the next call.
         std::optional<std::string> bytes = ReadNativeFile(nativePath);
-        if (!bytes) return std::make_shared<const CProfileText>();
+        if (!bytes) return nullptr;
         if (known != entries_.end() && known->bytes == *bytes) {
             known->identity = *identity;
             known->settled = IsSettled(*identity);
@@ -119,11 +119,9 @@ template <typename Edit>
 bool EditProfile(const char *file, Edit edit) try {
     const std::lock_guard guard(Cache().lock);
     const std::string nativePath = ProfilePath(file);
-    const bool isThere = Identify(nativePath).has_value();
-    // What is there and can't be read must not be replaced by what would be left of it.
-    if (isThere && !ReadNativeFile(nativePath)) return false;
-
-    auto text = std::make_shared<CProfileText>(*Cache().Load(nativePath));
+    const auto old = Cache().Load(nativePath);
+    if (!old) return false;  // else the file would be replaced by the edit alone
+    auto text = std::make_shared<CProfileText>(*old);
     const bool accepted = edit(*text);
     if (!text->IsChanged()) return accepted;
     std::string bytes = text->Bytes();
@@ -143,7 +141,7 @@ std::optional<std::string> ReadValue(const char *section, const char *key, const
     if (!section || !key || !file || !*file) return {};
     const std::lock_guard guard(Cache().lock);
     const auto text = Cache().Load(ProfilePath(file));
-    const auto value = text->Find(section, key);
+    const auto value = text ? text->Find(section, key) : std::nullopt;
     return value ? std::optional<std::string>(*value) : std::nullopt;
 } catch (const std::bad_alloc &) {
     return {};
@@ -161,8 +159,8 @@ size_t CutLength(std::string_view text, size_t limit) {
 
 }  // namespace
 
-uint32_t GetPrivateProfileStringA(const char *section, const char *key, const char *fallback, char *buffer, uint32_t size,
-                                  const char *file) {
+uint32_t GetPrivateProfileStringA(const char *section, const char *key, const char *fallback, char *buffer,
+                                  uint32_t size, const char *file) {
     if (!buffer || size == 0) return 0;
     const std::optional<std::string> value = ReadValue(section, key, file);
     std::string_view text = value ? std::string_view(*value) : std::string_view(fallback ? fallback : "");
@@ -202,8 +200,7 @@ bool WritePrivateProfileKeys(const char *section, std::span<const std::pair<std:
     return EditProfile(file, [&](CProfileText &text) {
         bool accepted = true;
         // Through c_str: a value ends at its first zero, as it does key by key.
-        for (const auto &[key, value] : values)
-            accepted = text.Set(section, key.c_str(), value.c_str()) && accepted;
+        for (const auto &[key, value] : values) accepted = text.Set(section, key.c_str(), value.c_str()) && accepted;
         return accepted;
     });
 }

@@ -20,9 +20,7 @@ constexpr const char *kSchema = R"(
 )";
 constexpr int kBusyLimit = 3000;  // ms that a call waits for another process's write
 
-bool MeansNoStore(int result) {
-    return (result & 0xFF) == SQLITE_NOTADB || (result & 0xFF) == SQLITE_CORRUPT;
-}
+bool MeansNoStore(int result) { return (result & 0xFF) == SQLITE_NOTADB || (result & 0xFF) == SQLITE_CORRUPT; }
 
 class CStatement {
 public:
@@ -84,6 +82,7 @@ struct CUserStore::Impl {
     std::string path;
     bool readOnly = false;
     bool lastWriteFailed = false;
+    bool logged = false;  // the open database was asked for its write-ahead log
     State state = State::closed;
     sqlite3 *database = nullptr;
 
@@ -92,6 +91,7 @@ struct CUserStore::Impl {
     void Close(State next) {
         sqlite3_close(database);
         database = nullptr;
+        logged = false;
         state = next;
     }
 
@@ -157,9 +157,13 @@ struct CUserStore::Impl {
             state = State::open;
         }
         if (sqlite3_db_readonly(database, "main")) return false;
-        // The log keeps every committed write when the process is killed, without a disk flush for each.
-        Run("PRAGMA journal_mode = WAL");
-        Run("PRAGMA synchronous = NORMAL");
+        if (!logged) {
+            // The log keeps every committed write when the process is killed, without a disk flush for each. Where the
+            // file system can't share it, SQLite keeps to its journal.
+            Run("PRAGMA journal_mode = WAL");
+            Run("PRAGMA synchronous = NORMAL");
+            logged = true;
+        }
         return true;
     }
 
@@ -185,7 +189,7 @@ struct CUserStore::Impl {
 
     int AddSection(const std::string &section) {
         // A section "A\B" brings its "A" into being.
-        for (size_t end = section.find('\\'); ; end = section.find('\\', end + 1)) {
+        for (size_t end = section.find('\\');; end = section.find('\\', end + 1)) {
             CStatement add(database, "INSERT OR IGNORE INTO section VALUES (?1)");
             add.Bind(1, section.substr(0, end));
             if (const int result = add.Step(); result != SQLITE_DONE) return result;

@@ -88,8 +88,9 @@ TEST(ChildProcess, InheritsOnlyWhatItIsGiven) {
     sigaddset(&blocked, SIGTERM);
     sigprocmask(SIG_BLOCK, &blocked, &before);
     const auto handler = signal(SIGPIPE, SIG_IGN);
-    const Outcome outcome = Shell("ls -1 /proc/$$/fd | tr '\\n' ' '; grep -E 'SigBlk|SigIgn' /proc/$$/status | tr -d '\\n'; "
-                                  "echo; cut -d' ' -f1,6 /proc/$$/stat", "", event.Descriptor());
+    const Outcome outcome = Shell(
+        "ls -1 /proc/$$/fd | tr '\\n' ' '; grep -E 'SigBlk|SigIgn' /proc/$$/status | tr -d '\\n'; echo; "
+        "cut -d' ' -f1,6 /proc/$$/stat", "", event.Descriptor());
     signal(SIGPIPE, handler);
     sigprocmask(SIG_SETMASK, &before, nullptr);
     close(leaked);
@@ -152,7 +153,8 @@ TEST(CommandLine, SplitsAndQuotes) {
     for (const auto &c : cases) EXPECT_EQ(SplitCommandLine(c.line), c.words) << c.line;
 
     std::string line;
-    const std::vector<std::string> words = {"plain", "", "a b", "c:\\my dir\\", "\\", "\\\\ ", "say \"x\"", "\\\"", "\"\\", "a\tb"};
+    const std::vector<std::string> words = {"plain",   "",          "a b",  "c:\\my dir\\", "\\",
+                                            "\\\\ ", "say \"x\"", "\\\"", "\"\\",           "a\tb"};
     for (const auto &word : words) line += QuoteWord(word) + " ";
     EXPECT_EQ(SplitCommandLine(line), words) << line;
     EXPECT_EQ(QuoteWord("c:\\x.c"), "c:\\x.c");

@@ -11,6 +11,7 @@
 #include <random>
 
 #include "ScratchDirectory.h"
+#include "platform/ProfileText.h"
 
 namespace {
 
@@ -29,9 +30,10 @@ protected:
 
 TEST_F(Profile, ReadsWhatHandsAndToolsWrite) {
     const std::string longValue(100'000, 'v');
-    scratch_.Write("p.ini", "\xEF\xBB\xBFstray=1\n; comment=1\n[ Files ] trailing\r\n  Key One \t=  a b \r\nquoted=\" x \"\r\n"
-                            "single='y'\nhalf=\"z\nempty=\n;off=1\nTWICE=first\ntwice=second\nno equals sign\n=nameless\n"
-                            "eq=a=b;c\nlong=" + longValue + "\n[Next]\nx=1\n[files]\nlate=1\n\xC3\x84=umlaut\n[Last]\nend=no line end");
+    scratch_.Write("p.ini",
+                   "\xEF\xBB\xBFstray=1\n; comment=1\n[ Files ] trailing\r\n  Key One \t=  a b \r\nquoted=\" x \"\r\n"
+                   "single='y'\nhalf=\"z\nempty=\n;off=1\nTWICE=first\ntwice=second\nno equals sign\n=nameless\n"
+                   "eq=a=b;c\nlong=" + longValue + "\n[Next]\nx=1\n[files]\nlate=1\n[Last]\nend=no line end");
     struct { const char *section, *key, *expected; } cases[] = {
         {"", "stray", "?"},          {"Files", "key one", "a b"},  {"FILES", "quoted", " x "}, {"files", "single", "y"},
         {"Files", "half", "\"z"},    {"Files", "empty", ""},       {"Files", "off", "?"},      {"Files", ";off", "?"},
@@ -196,6 +198,34 @@ TEST_F(Profile, AgreesWithAModelOverRandomEdits) {
     EXPECT_EQ(scratch_.Read("p.ini").rfind(std::string(comment) + "[Other]\nunknown line\n", 0), 0u);
 }
 
+// Whatever a file holds: it is kept byte for byte, and one edit reads back and changes at most one line.
+TEST(ProfileText, KeepsAnyBytes) {
+    std::mt19937 random(7);
+    const std::string alphabet("[[]]==;;\r\r\n\n\n \t\"'aAbk\0\xC3\xEF\xBB\xBF", 27);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string bytes(random() % 40, ' ');
+        for (char &c : bytes) c = alphabet[random() % alphabet.size()];
+        CProfileText text(bytes);
+        ASSERT_EQ(text.Bytes(), bytes);
+        const bool known = text.Find("a", "K").has_value();
+        ASSERT_TRUE(text.Set("A", "k", "value"));
+        const std::string edited = text.Bytes();
+        ASSERT_EQ(text.Find("a", "K"), "value");
+        ASSERT_EQ(CProfileText(edited).Find("a", "K"), "value") << testing::PrintToString(bytes);
+        ASSERT_EQ(CProfileText(edited).Bytes(), edited);
+        if (!known) {
+            // Only added to: every byte is there still, in its order.
+            size_t at = 0;
+            for (const char c : edited)
+                if (at < bytes.size() && bytes[at] == c) ++at;
+            ASSERT_EQ(at, bytes.size()) << testing::PrintToString(edited);
+            ASSERT_LE(edited.size(), bytes.size() + std::string("\r\n[A]\r\nk=value\r\n").size());
+        }
+        ASSERT_TRUE(text.RemoveKey("a", "K"));
+        ASSERT_FALSE(CProfileText(text.Bytes()).Find("A", "k"));
+    }
+}
+
 // A writer that is killed at any moment leaves the old file or the new one.
 TEST_F(Profile, SurvivesAKilledWriter) {
     Set("A", "first", std::string(50'000, 'x').c_str());
@@ -219,7 +249,8 @@ TEST_F(Profile, SurvivesAKilledWriter) {
 // A thousand keys are read without parsing the file a thousand times.
 TEST_F(Profile, ReadsALargeFileKeyByKey) {
     std::vector<std::pair<std::string, std::string>> values;
-    for (int i = 0; i < 20'000; ++i) values.emplace_back("File" + std::to_string(i), "src\\file" + std::to_string(i) + ".asm");
+    for (int i = 0; i < 20'000; ++i)
+        values.emplace_back("File" + std::to_string(i), "src\\file" + std::to_string(i) + ".asm");
     ASSERT_TRUE(WritePrivateProfileKeys("Files", values, file_.c_str()));
     struct timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
     utimensat(AT_FDCWD, scratch_.Native("p.ini").c_str(), old, 0);
