@@ -1,0 +1,1 @@
+extern "C" int sampleAdd(int a, int b) { return a + b; }
