@@ -5,7 +5,8 @@
 namespace language {
 
 const char *FindCommandIcon(int command) {
-    return IconOf(command);
+    const auto row = FindRow(kIconsById, command);
+    return row ? row->icon : nullptr;
 }
 
 }  // namespace language

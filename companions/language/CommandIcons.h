@@ -81,9 +81,4 @@ inline constexpr IconRow kIcons[] = {
 inline constexpr auto kIconsById = SortedById(kIcons);
 static_assert(HasUniqueIds(kIconsById), "two icons for one command");
 
-constexpr const char *IconOf(int command) {
-    const auto *row = FindRow(kIconsById, command);
-    return row ? row->icon : nullptr;
-}
-
 }  // namespace language

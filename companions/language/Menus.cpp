@@ -194,7 +194,7 @@ static_assert(HasUniqueIds(kById), "two menus have the same id");
 }  // namespace
 
 std::span<const LangMenuEntry> FindMenu(int id) {
-    const auto *row = FindRow(kById, id);
+    const auto row = FindRow(kById, id);
     return row ? row->entries : std::span<const LangMenuEntry>();
 }
 

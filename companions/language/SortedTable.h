@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <utility>
+#include <optional>
 
 namespace language {
 
@@ -20,11 +20,11 @@ consteval bool HasUniqueIds(const Table &sorted) {
     return std::ranges::adjacent_find(sorted, {}, &Table::value_type::id) == sorted.end();
 }
 
-// The row of `id`, or null.
 template <typename Table>
-constexpr const typename Table::value_type *FindRow(const Table &sorted, int id) {
+constexpr std::optional<typename Table::value_type> FindRow(const Table &sorted, int id) {
     const auto row = std::ranges::lower_bound(sorted, id, {}, &Table::value_type::id);
-    return row != sorted.end() && row->id == id ? &*row : nullptr;
+    if (row == sorted.end() || row->id != id) return std::nullopt;
+    return *row;
 }
 
 }  // namespace language

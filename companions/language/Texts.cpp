@@ -276,7 +276,7 @@ constexpr ListRange kLists[] = {
 const char *FindText(int id) {
     for (const auto &list : kLists)
         if (id > list.first && id <= list.last) id = list.first;
-    const auto *row = FindRow(kById, id);
+    const auto row = FindRow(kById, id);
     return row ? row->text : nullptr;
 }
 

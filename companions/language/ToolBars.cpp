@@ -9,9 +9,7 @@ constexpr LangToolButton kGap = {0, kLangButtonSeparator, nullptr, 0};
 
 // A button without a drawing doesn't compile.
 consteval LangToolButton Push(int command) {
-    const char *icon = IconOf(command);
-    if (!icon) throw "the button's command has no icon";
-    return {command, kLangButtonPush, icon, 0};
+    return {command, kLangButtonPush, FindRow(kIconsById, command).value().icon, 0};
 }
 
 consteval LangToolButton DropDown(int command, int menu) {
@@ -79,7 +77,7 @@ static_assert(HasUniqueIds(kById), "two tool bars have the same id");
 }  // namespace
 
 std::span<const LangToolButton> FindToolBar(int id) {
-    const auto *row = FindRow(kById, id);
+    const auto row = FindRow(kById, id);
     return row ? row->buttons : std::span<const LangToolButton>();
 }
 
