@@ -69,6 +69,8 @@ constexpr TextRow kTexts[] = {
     {IDS_CREATE_PROJECT, "Project '%s' doesn't exist. Do you want to create a new one?"},
     {IDS_TOOLSUITE_MISSING, "!E: The toolsuite '%s' of the project %s is not installed."},
     {IDS_NOT_A_PROJECT, "!E: The file %s holds binary data and is no project or workspace file."},
+    {IDS_CONFIG_UNKNOWN, "!E: There is no configuration '%s' in the project %s."},
+    {IDS_CANT_REMOVE_FILE, "The file '%s' can't be removed from the project."},
     {IDS_PROJECT_KIND_EMPTY, "Empty project"},
     {IDS_PROJECT_KIND_SOURCE, "Project with a source file"},
     {IDS_PROJECT_KIND_HEADER, "Project with a source and a header file"},
@@ -103,7 +105,7 @@ constexpr TextRow kTexts[] = {
 
     // Documents
     {IDS_CANT_READ_FILE, "!E: The file %s can't be read."},
-    {IDS_CANT_WRITE_FILE, "The file '%s' can't be written.\nYour changes are still in the editor."},
+    {IDS_CANT_WRITE_FILE, "The file '%s' can't be written."},
     {IDS_FILE_READ_ONLY, "The file %s is read-only."},
     {IDS_FILE_MISSING, "!E: The file %s doesn't exist."},
     {IDS_SAVE_CHANGES, "Do you want to save the changes to '%s'?"},

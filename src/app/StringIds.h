@@ -56,6 +56,8 @@ enum StringId : int {
     IDS_PROJECT_KIND_HEADER = 323,
     IDS_NOT_A_PROJECT = 324,              // %s; build list: the file holds no profile text
     IDS_REMOVE_PROJECT_QUESTION = 325,    // %s; question
+    IDS_CONFIG_UNKNOWN = 326,             // %s the configuration, %s the project; build list
+    IDS_CANT_REMOVE_FILE = 327,           // %s; error
 
     // Build
     IDS_BUILD_START = 400,                // %s the project's name
