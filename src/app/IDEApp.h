@@ -22,6 +22,7 @@
 #include "editor/SciLexer.h"
 #include "framework/WinApp.h"
 #include "navigation/SymbolIndex.h"
+#include "project/CurrentWorkspace.h"
 #include "project/WorkspaceController.h"
 
 class CMainFrame;
@@ -30,8 +31,8 @@ class CWorkspace;
 // Main thread, except where an operation says otherwise.
 class CIDEApp : public CWinApp {
 public:
-    // `arguments`: the command line in the Windows form, argument 0 the program.
-    explicit CIDEApp(std::vector<std::string> arguments);
+    // `commandLine`: with file names in the Windows form; its first argument is the program.
+    explicit CIDEApp(std::string commandLine);
     ~CIDEApp() override;
 
     bool InitInstance() override;
@@ -45,14 +46,12 @@ public:
     void AddOutputLine(const char *text);
     void AddOutputLine(const std::string &text) { AddOutputLine(text.c_str()); }
 
-    // Saves every modified document; with `prompt` it asks for each. False when the user cancelled.
+    // Saves every modified document; with `prompt` it asks for each. False when the user cancelled or one can't be
+    // written.
     bool SaveAllDocuments(bool prompt);
 
     // The open document of `path`, found under any spelling; opened when it isn't and `open` is set. Null else.
     CDocument *FindOrOpenDocument(const std::string &path, bool open);
-    CDocument *OpenDocumentFile(const std::string &path) override;
-    void CloseDocuments();  // all, without questions
-
     std::string GetActiveProjectPath() const;  // full name of the active project's file, empty when none
     std::string GetWorkspacePath() const;      // the workspace's own file, empty when none
     int WorkspaceKind() const;                 // 0 none, 1 stand-alone project, 2 multiple projects
@@ -68,6 +67,11 @@ public:
     void AddToRecentWorkspaces(const std::string &path);
     std::string UntitledName() const override;
     std::string SaveQuestion(const std::string &name) const override;
+    std::string BoxTitle() const override;
+
+    // Entries of the two recent lists; one that can't be opened leaves its list.
+    void OpenRecentFile(size_t index);
+    void OpenRecentWorkspace(size_t index);
 
     static CIDEApp &Get();
 
@@ -85,19 +89,18 @@ public:
     CMyRedirect redirect;
     CBuildDriver build;
     CWorkspaceController workspaces;
-    boost::shared_ptr<CWorkspace> workspace;  // empty when none is open
+    boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();  // empty when none is open
     int childDisplayMode = 0;
 
 private:
-    bool LoadLanguage();
+    bool LoadLibraries();
     void AddTemplates();
     void TakeCommandLine();
-    void TakeFileArgument(const std::string &directory, const std::string &name);
-    void OpenRecentFile(size_t index);
-    void OpenRecentWorkspace(size_t index);
+    void OpenDocumentDialog();
     void MapCommands();
 
-    std::vector<std::string> arguments_;
-    std::vector<std::string> startupFiles_;
+    std::string commandLine_;
+    std::vector<std::string> startupFiles_;  // source files that the command line names
+    std::unique_ptr<CMainFrame> frame_;
     std::binary_semaphore outputSemaphore_{1};
 };

@@ -50,14 +50,18 @@ public:
     void RefreshTitle() { UpdateTitle(); }
     bool IsClosing() const { return closing_; }
     void CancelClosing() { closing_ = false; }  // the user cancelled a save question
+    bool HasOutput() const { return outputBar_ != nullptr; }
     bool IsStarted() const { return started_; }  // the start-up ticks are over
 
     // Replaces the six variables "%name%" ... "%config%" in `text` for `project` (empty: the active one).
     void ExpandMacros(const std::string &project, std::string &text) const;
 
+    void SaveBarState(const std::string &name) override;
+
 protected:
     void OnTimer(int id) override;
     void OnInitMenu() override;
+    CUserStore &UserStore() override;
     std::string ComposeTitle() const override;
     void OnTabMenu(CMDIChildWnd *child, const QPoint &at) override;
     void OnStatusHelp(const std::string &text) override;
@@ -67,6 +71,8 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    static constexpr int kMaxToolSteps = 48;
+
     bool CreateBars();
     void MapCommands();
     void MapMessages();
@@ -74,13 +80,15 @@ private:
     void SecondTick();
     void ReadTabSettings();
     void ApplyTabSettings();
-    void SelectConfiguration();
     void FillToolsMenu();
-    void FillRecentMenus();
+    QIcon StandardStepIcon(const std::string &name) const;
+    void FillRecentMenu(int text, int firstCommand);
+    static void RemoveCommands(QMenu *menu, int first, int last);
     bool CloseFrame();
     void RestoreWindow();
     void SaveWindow();
-    void ToggleBar(int command, QWidget *bar);
+    void ActivateNeighbour(int step);
+    std::string BoxTitle(int kind) const;
 
     CXTToolBar *mainToolBar_ = nullptr;
     CXTToolBar *buildToolBar_ = nullptr;
@@ -90,10 +98,9 @@ private:
     CXTFlatComboBox *configBox_ = nullptr;
 
     std::vector<std::string> startupFiles_;
-    std::vector<std::string> waitingTexts_;  // for the build list, from before it exists
     int startupTick_ = 0;
     bool started_ = false;
     bool closing_ = false;
     bool tabsOn_ = true, tabsTop_ = true;
-    CMDIChildWnd *tabMenuChild_ = nullptr;
+    CMDIChildWnd *tabMenuChild_ = nullptr;  // whose tab's menu is open
 };

@@ -7,6 +7,7 @@
 #include "framework/Text.h"
 #include "framework/View.h"
 #include "framework/WinApp.h"
+#include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
 CDocTemplate::CDocTemplate(int resourceId, std::string strings, Parts parts)
@@ -26,7 +27,7 @@ std::string CDocTemplate::GetDocString(DocString which) const {
 
 DocMatch CDocTemplate::MatchDocType(const std::string &path, CDocument *&open) {
     for (const auto &document : documents_) {
-        if (EqualNoCase(document->GetPathName(), path)) {
+        if (NamesOneFile(document->GetPathName(), path)) {
             open = document.get();
             return DocMatch::alreadyOpen;
         }

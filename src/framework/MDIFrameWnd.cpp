@@ -223,6 +223,12 @@ void CMDIFrameWnd::AddChild(CMDIChildWnd *child) {
     OnClientChanged();
 }
 
+void CMDIFrameWnd::Cascade() {
+    for (CMDIChildWnd *child : Children())
+        if (!child->isMinimized()) child->showNormal();
+    client_->cascadeSubWindows();
+}
+
 void CMDIFrameWnd::Tile(Qt::Orientation rows) {
     std::vector<CMDIChildWnd *> children = Children();
     std::erase_if(children, [](const CMDIChildWnd *child) { return child->isMinimized(); });

@@ -56,6 +56,7 @@ public:
     virtual bool LoadBarState(const std::string &name);
 
     void SetTabs(bool on, bool top);
+    void Cascade();
     void Tile(Qt::Orientation rows);  // horizontal: one above the other
     void FillWindowList(QMenu *menu, int firstCommand);  // at most nine open children, at the menu's end
     void RefreshTabs();

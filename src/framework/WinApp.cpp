@@ -28,12 +28,7 @@ void CWinApp::AddDocTemplate(std::unique_ptr<CDocTemplate> docTemplate) {
 }
 
 CDocument *CWinApp::OpenDocumentFile(const std::string &path) {
-    std::string full = path;
-    const SplitPath parts = _splitpath(path);
-    if (parts.drive.empty() && !parts.directory.starts_with('\\') && !parts.directory.starts_with('/'))
-        full = GetCurrentDirectoryA() + "\\" + path;
-    PathCanonicalizeA(full, full);
-
+    const std::string full = GetFullPathNameA(path);
     CDocTemplate *best = nullptr;
     DocMatch bestMatch = DocMatch::none;
     for (const auto &docTemplate : templates_) {

@@ -80,3 +80,7 @@ std::string FromNativePath(std::string_view native) {
 }
 
 std::string DisplayPath(std::string_view windows) { return ToNativePath(windows); }
+
+bool NamesOneFile(const std::string &a, const std::string &b) {
+    return EqualNoCase(a, b) && (a == b || ToNativePath(a) == ToNativePath(b));
+}

@@ -23,3 +23,7 @@ std::string FromNativePath(std::string_view native);
 
 // The native form as a user reads it: like ToNativePath, for titles, lists, tool tips and messages.
 std::string DisplayPath(std::string_view windows);
+
+// Whether two full names mean one file: they compare equal without regard to case and lead to the same spelling on
+// disk. Two files whose names differ only in case are two files.
+bool NamesOneFile(const std::string &a, const std::string &b);

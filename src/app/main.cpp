@@ -1,0 +1,12 @@
+#include <QApplication>
+
+#include "app/CommandLine.h"
+#include "app/IDEApp.h"
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);  // takes the toolkit's own switches out of the arguments
+    QApplication::setApplicationName("Thornwell IDE");
+    QApplication::setDesktopFileName("thornwell-ide");
+    CIDEApp ide(ComposeCommandLine({argv, argv + argc}));
+    return ide.Run();
+}
