@@ -5,16 +5,15 @@
 
 #include "framework/CmdTarget.h"
 
-// Main thread.
+// An empty project name is the active project. Main thread.
 class CProjectCommands : public CCmdTarget {
 public:
     CProjectCommands();
 
-    // An empty project name is the active project.
     void AddFiles(const std::string &project);          // asks which
     void AddNewFile(const std::string &project);        // asks for its name, makes it, adds and opens it
-    void RemoveFile(const std::string &project, const std::string &file);  // asks first
     void AddSystemLibrary(const std::string &project);  // asks which
+    void RemoveFile(const std::string &project, const std::string &file);  // asks first
 
     // Adds one file with its row in the tree; warns and gives false when the project has it. The symbol index is the
     // caller's business.
@@ -25,11 +24,15 @@ public:
     void ShowClockRate();
 
 private:
-    void RemoveSelectedFile();
+    void RemoveActiveDocument();
     void ProjectOptions();
     void TargetDialog();
     void CompilerDialog();
     void BuildOptions();
     void RecolourViews();
-    void TargetChanged(const std::string &target);
+    void FollowTargetChange();
+    std::string ActiveDocumentFile() const;  // empty unless the active project has it
 };
+
+// "4 MHz" of a rate in Hz.
+std::string ClockRateText(long rate);

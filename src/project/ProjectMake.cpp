@@ -53,7 +53,7 @@ std::unique_ptr<CMessage> CProject::GenMake(std::string &error, bool clean) {
 
     std::unique_ptr<CMessage> step;
     if (clean)
-        step = std::make_unique<CTextPostProcessMessage>(GetFullPath());
+        step = std::make_unique<CTextPostProcessMessage>(GetFullPath(), -1);
     else
         step = std::make_unique<CMessage>(GetFullPath(), -1);
     step->outputFiles = std::move(outputs);

@@ -36,6 +36,7 @@ public:
     const ProjectLoadFailure &GetLoadFailure() const { return failure_; }  // of the last Load or AddProject
 
     void RemoveProject(const std::string &name);  // out of the list; the active project stays the active one
+    void DropActiveProject() { active_.reset(); }
     bool SetActiveProject(const std::string &name);
     boost::shared_ptr<CProject> FindProject(const std::string &name) const;
     boost::shared_ptr<CProject> GetActiveProject() const { return active_; }

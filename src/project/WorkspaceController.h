@@ -5,17 +5,27 @@
 
 #include "framework/CmdTarget.h"
 #include "project/ProjectCommands.h"
+#include "project/WorkspaceCommands.h"
 
-// Main thread. The application asks it for the commands on workspace and projects.
+class CMainFrame;
+class CWorkspace;
+
+// Main thread. The application asks it for the commands on workspace and projects. Nothing here is called before the
+// main frame exists.
 class CWorkspaceController : public CCmdTarget {
 public:
     CWorkspaceController();
     bool OnCmdMsg(int id, CCmdUI *ui) override;
 
-    // Opens a workspace file, or a project that stands alone. A null path only sets the labels. False leaves no
-    // workspace; the reason stands in the build list.
+    // Opens a workspace file, or a project that stands alone, in the place of what is open. A null path only sets the
+    // labels. False leaves no workspace, with the reason in the build list; or, when a document can't be saved, all as
+    // it was.
     bool OpenWorkspace(const char *path, bool multiple);
     bool CloseWorkspace();  // false when the user cancelled a save question; all is then as before
+
+    // Opens `path` by its extension after the documents were saved and the workspace closed. A file that doesn't exist
+    // is made: an empty workspace, or a new project as the user wants it. False when nothing was opened.
+    bool SwitchWorkspace(const std::string &path);
 
     // `oldFile`: full name of the file of the project that is active so far; may be empty.
     void ActivateProject(const std::string &oldFile, const std::string &name);
@@ -24,32 +34,24 @@ public:
     void RemoveProjectFromWorkspace(const std::string &project);
     void SelectConfiguration();  // the frame's box was changed
 
-    // A file or directory that the user chose among the recent ones or on the command line: saves and closes what is
-    // open, then opens it by its extension.
-    bool SwitchWorkspace(const std::string &path);
+    // Makes a project by dialog and opens it by itself, or adds it to the open workspace. False when none was made.
+    bool CreateProject(const std::string &path);
+    bool CreateProjectInto(const std::string &path, const std::string &compiler);
 
     bool SetActiveCompiler(const std::string &name) { return projects_.SetActiveCompiler(name); }
     CProjectCommands &Projects() { return projects_; }
 
 private:
-    void MapCommands();
     void ShowLabels(bool multiple);
-    void ReportLoadFailure();
-    void ConfirmTarget();     // asks to change a target that the toolsuite doesn't know
+    void ShowNothing();    // no workspace is open
+    void ShowWorkspace();  // another one is open
+    void ReportLoadFailure(const CWorkspace &workspace);
+    void ShowActiveProject();  // its target, compiler and configurations
+    void ConfirmTarget();      // asks to change a target that the toolsuite doesn't know
     void FillConfigBox();
-    void StoreProjectState(const std::string &projectFile);
-    void LoadProjectState();
-
-    void NewWorkspace();
-    void OpenWorkspaceOrProject();
-    void OpenProject();
-    void OpenProjectInto();
-    void AddExistingProjects();
-    void NewProject();
-    void NewProjectInto();
-    void RemoveSelectedProject();
-    void ActivateSelectedProject();
-    bool AskForProject(std::string &path);
+    void StoreProjectState(const std::string &projectFile);  // what other subsystems keep in it
+    void LoadProjectState();                                 // of the active project
 
     CProjectCommands projects_;
+    CWorkspaceCommands commands_;
 };

@@ -1,0 +1,355 @@
+#include "project/WorkspaceController.h"
+
+#include <boost/make_shared.hpp>
+
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/Path.h"
+#include "app/PathNames.h"
+#include "app/Settings.h"
+#include "app/StringIds.h"
+#include "editor/IDEDoc.h"
+#include "framework/Language.h"
+#include "navigation/BuildViews.h"
+#include "navigation/WorkspaceBar.h"
+#include "platform/NativePath.h"
+#include "platform/PathCalls.h"
+#include "plugins/PluginHost.h"
+#include "project/CurrentWorkspace.h"
+#include "project/NewProject.h"
+#include "project/ProjectSettings.h"
+#include "project/ProjectWorkspace.h"
+#include "project/Screen.h"
+
+namespace {
+
+constexpr uint32_t kExtensionSize = 256;  // bytes of a stored extension
+
+template <class Operation>
+void ForEachSource(Operation operation) {
+    for (CDocument *document : CIDEApp::Get().GetDocuments())
+        if (auto *source = dynamic_cast<CIDEDoc *>(document)) operation(*source);
+}
+
+// Holds back the painting of the tree while its rows change.
+class TreeRedrawLock {
+public:
+    TreeRedrawLock() { Frame().WorkspaceBar().SetRedraw(false); }
+    ~TreeRedrawLock() { Frame().WorkspaceBar().SetRedraw(true); }
+    TreeRedrawLock(const TreeRedrawLock &) = delete;
+    TreeRedrawLock &operator=(const TreeRedrawLock &) = delete;
+};
+
+std::string AbsolutePath(const std::string &path) {
+    const CPath parts(path);
+    if (!parts.GetDrive().empty() || parts.GetDir().starts_with('\\')) return path;
+    return AddSlash(GetCurrentDirectoryA()) + path;
+}
+
+}  // namespace
+
+CWorkspaceController::CWorkspaceController() : commands_(*this) {}
+
+bool CWorkspaceController::OnCmdMsg(int id, CCmdUI *ui) {
+    return commands_.OnCmdMsg(id, ui) || projects_.OnCmdMsg(id, ui);
+}
+
+bool CWorkspaceController::OpenWorkspace(const char *path, bool multiple) {
+    if (path == nullptr) {
+        ShowLabels(multiple);
+        return true;
+    }
+    CIDEApp &app = CIDEApp::Get();
+    const std::string file = AbsolutePath(path);
+    if (!app.SaveAllDocuments(false)) return false;
+    boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();
+    if (workspace) {
+        StoreProjectState(ActiveProjectPath());
+        workspace->Save();
+    }
+    app.CloseAllDocuments();
+    ShowLabels(multiple);
+
+    bool loaded;
+    if (multiple) {
+        workspace = boost::make_shared<CWorkspace>(file.c_str());
+        loaded = workspace->Load(file.c_str());
+    } else {
+        workspace = boost::make_shared<CProjectWorkspace>(file.c_str());
+        loaded = workspace->AddProject(file, true, true);
+    }
+    if (!loaded) {
+        const boost::shared_ptr<CWorkspace> failed = std::move(workspace);
+        workspace.reset();
+        ShowNothing();
+        ReportLoadFailure(*failed);
+        return false;
+    }
+
+    WriteUserString("Workspace", "Last Workspace", multiple ? workspace->GetPath() : workspace->ProjectFullPath({}));
+    app.AddToRecentWorkspaces(file);
+    ShowWorkspace();
+    return true;
+}
+
+void CWorkspaceController::ShowWorkspace() {
+    CMainFrame &frame = Frame();
+    {
+        const TreeRedrawLock lock;
+        if (CurrentWorkspace()->GetProjects().empty()) {
+            frame.WorkspaceBar().Fill();
+            frame.ConfigBox().ResetContent();
+            CIDEApp::Get().symbols.UpdateBrowseInfo();
+        } else {
+            RefreshAfterProjectChange();
+            SelectConfiguration();
+        }
+    }
+    LoadProjectState();
+    frame.WorkspaceBar().ReloadTodo();
+    frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
+    frame.RefreshTitle();
+    frame.UpdateCommandUI();
+}
+
+bool CWorkspaceController::CloseWorkspace() {
+    CIDEApp &app = CIDEApp::Get();
+    CMainFrame &frame = Frame();
+    if (frame.IsStarted() && !app.SaveAllModified()) {
+        frame.CancelClosing();
+        return false;
+    }
+    boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();
+    if (workspace) StoreProjectState(ActiveProjectPath());
+    app.CloseAllDocuments();
+    if (workspace) workspace->Save();
+    workspace.reset();
+    ShowNothing();
+    return true;
+}
+
+bool CWorkspaceController::SwitchWorkspace(const std::string &path) {
+    const bool multiple = EqualNoCase(CPath(path).GetExtension(), "__w");
+    const bool exists = FileExists(path);
+    if (!exists && !multiple) return CreateProject(path);
+    if (!CloseWorkspace()) return false;
+    if (!exists && !CreateFileOrTell(path)) return false;
+    return OpenWorkspace(path.c_str(), multiple);
+}
+
+bool CWorkspaceController::CreateProject(const std::string &path) {
+    std::string full;
+    {
+        CProjectWorkspace workspace(path.c_str());
+        if (!AddNewProject(workspace, path, &Frame(), WorkspaceOrNone().GetCompilerName())) return false;
+        workspace.Save();
+        full = workspace.ProjectFullPath({});
+    }
+    if (OpenWorkspace(full.c_str(), false)) return true;
+    Frame().ShowError(LoadText(IDS_CANT_OPEN_WORKSPACE, {DisplayPath(full)}));
+    return false;
+}
+
+bool CWorkspaceController::CreateProjectInto(const std::string &path, const std::string &compiler) {
+    const boost::shared_ptr<CWorkspace> workspace = CurrentWorkspace();
+    if (!workspace) return false;
+    StoreProjectState(ActiveProjectPath());
+    if (!AddNewProject(*workspace, path, &Frame(), compiler)) return false;
+    ShowWorkspace();
+    return true;
+}
+
+void CWorkspaceController::ShowLabels(bool multiple) {
+    CMainFrame &frame = Frame();
+    frame.SetStatusText(kPaneWorkspace, multiple ? LoadText(IDS_LABEL_WORKSPACE) : "Project");
+    frame.WorkspaceBar().SetTitle(multiple ? "Workspace - Multiple Project Mode" : "Workspace - Stand Alone Project Mode");
+}
+
+void CWorkspaceController::ShowNothing() {
+    CMainFrame &frame = Frame();
+    frame.ConfigBox().ResetContent();
+    frame.WorkspaceBar().Clear();
+    CIDEApp::Get().symbols.UpdateBrowseInfo();
+    frame.RefreshTitle();
+    frame.UpdateCommandUI();
+}
+
+void CWorkspaceController::ReportLoadFailure(const CWorkspace &workspace) {
+    using Reason = ProjectLoadFailure::Reason;
+    const ProjectLoadFailure &failure = workspace.GetLoadFailure();
+    const std::string file = failure.project.empty() ? workspace.GetPath() : failure.project;
+    const std::string shown = DisplayPath(file);
+    std::string line;
+    if (failure.reason == Reason::notAProject)
+        line = LoadText(IDS_NOT_A_PROJECT, {shown});
+    else if (!FileExists(file))
+        line = LoadText(IDS_NO_SUCH_FILE, {shown});
+    else if (failure.reason == Reason::toolsuiteMissing)
+        line = LoadText(IDS_TOOLSUITE_MISSING, {failure.detail, shown});
+    else if (failure.reason == Reason::configurationUnknown)
+        line = LoadText(IDS_CONFIG_UNKNOWN, {failure.detail, shown});
+    if (!line.empty()) CIDEApp::Get().AddOutputLine(line);
+}
+
+void CWorkspaceController::ConfirmTarget() {
+    CWorkspace &workspace = WorkspaceOrNone();
+    const std::string target = workspace.GetTarget();
+    if (workspace.IsValidTarget({}, target)) return;
+    const std::string fallback = workspace.GetDefaultTarget();
+    if (Frame().AskUser(LoadText(IDS_TARGET_UNKNOWN, {target, fallback})) == IDYES) workspace.SetTarget({}, fallback);
+}
+
+void CWorkspaceController::ShowActiveProject() {
+    ConfirmTarget();
+    projects_.ShowTarget();
+    SetActiveCompiler(WorkspaceOrNone().GetCompilerName());
+    FillConfigBox();
+}
+
+void CWorkspaceController::FillConfigBox() {
+    const CWorkspace &workspace = WorkspaceOrNone();
+    CXTFlatComboBox &box = Frame().ConfigBox();
+    box.ResetContent();
+    intptr_t index = 0;
+    for (const auto &config : workspace.GetConfigs()) box.AddString(config->GetName(), index++);
+    const int active = box.FindStringExact(workspace.GetActiveConfigName());
+    if (box.GetCount() > 0) box.SetCurSel(active >= 0 ? active : 0);
+}
+
+void CWorkspaceController::RefreshAfterProjectChange() {
+    ShowActiveProject();
+    const TreeRedrawLock lock;
+    Frame().WorkspaceBar().Fill();
+}
+
+void CWorkspaceController::SelectConfiguration() {
+    CMainFrame &frame = Frame();
+    CWorkspaceBar &bar = frame.WorkspaceBar();
+    const std::string selected = frame.GetProjectConfigName();
+    WorkspaceOrNone().SetActiveConfig(selected.empty() ? "Debug" : selected);
+    {
+        const TreeRedrawLock lock;
+        const int row = bar.FirstVisibleRow();
+        bar.RebuildOutputRows();
+        bar.SetFirstVisibleRow(row);
+    }
+    CIDEApp::Get().symbols.UpdateBrowseInfo();
+    RefreshBuildViews(false);
+}
+
+void CWorkspaceController::StoreProjectState(const std::string &projectFile) {
+    if (projectFile.empty() || !FileExists(projectFile)) return;
+    CIDEApp &app = CIDEApp::Get();
+    ForEachSource([&app](CIDEDoc &document) {
+        app.bookmarks.TakeFromDocument(document);
+        app.breakpoints.TakeFromDocument(document);
+    });
+    app.breakpoints.Store(projectFile);
+    app.bookmarks.Store(projectFile);
+    StorePluginState(projectFile);
+}
+
+void CWorkspaceController::LoadProjectState() {
+    CIDEApp &app = CIDEApp::Get();
+    const std::string file = ActiveProjectPath();
+    app.breakpoints.Clear();
+    app.bookmarks.Clear();
+    projects_.ShowClockRate();
+    if (!file.empty()) {
+        app.breakpoints.Load(file);
+        app.bookmarks.Load(file);
+    }
+    ForEachSource([&app](CIDEDoc &document) {
+        app.breakpoints.ApplyToDocument(document);
+        app.bookmarks.ApplyToDocument(document);
+    });
+    if (file.empty()) return;
+    WriteUserString("Settings", "Last Ext", GetProjectString("Settings", "Last Ext", "c", kExtensionSize));
+    WriteUserInt("Settings", "Last ExtIdx", GetProjectInt("Settings", "Last ExtIdx", 1));
+    LoadPluginState(file);
+}
+
+void CWorkspaceController::ActivateProject(const std::string &oldFile, const std::string &name) {
+    CIDEApp &app = CIDEApp::Get();
+    CMainFrame &frame = Frame();
+    CWorkspace &workspace = WorkspaceOrNone();
+    const auto project = workspace.FindProject(name);
+    if (!project) return;
+    if (app.session.IsOpen()) {
+        if (frame.AskUser(LoadText(IDS_STOP_DEBUGGING)) != IDYES) return;
+        app.session.End();
+    }
+    app.SaveAllDocuments(false);
+    StoreProjectState(oldFile);
+
+    workspace.SetActiveProject(name);
+    frame.WorkspaceBar().MarkActiveProject();
+    frame.WorkspaceBar().ReloadTodo();
+    frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
+    RefreshBuildViews(true);
+    ShowActiveProject();
+    app.session.ClearViews();
+    LoadProjectState();
+    frame.RefreshTitle();
+
+    app.AddOutputLine(nullptr);
+    app.AddOutputLine(LoadText(IDS_PROJECT_ACTIVE, {project->GetTitle()}));
+    const std::string file = project->GetFullPath();
+    const unsigned attributes = GetFileAttributesA(file);
+    if (attributes != kInvalidFileAttributes && (attributes & kFileAttributeReadOnly) != 0)
+        app.AddOutputLine(LoadText(IDS_PROJECT_READ_ONLY, {DisplayPath(file)}));
+}
+
+void CWorkspaceController::AddProjectToWorkspace(const std::string &file) {
+    const boost::shared_ptr<CWorkspace> workspace = CurrentWorkspace();
+    if (!workspace) return;
+    const std::string oldFile = ActiveProjectPath();
+    const bool known = workspace->FindProject(file) != nullptr;
+    const TreeRedrawLock lock;
+    if (!workspace->AddProject(file, false, true)) {
+        ReportLoadFailure(*workspace);
+        Frame().ShowError(LoadText(IDS_CANT_ADD_PROJECT, {DisplayPath(file)}));
+        return;
+    }
+    if (!known) {
+        const ProjectDirScope scope(file);
+        Frame().WorkspaceBar().AddProject(file);
+    }
+    ActivateProject(oldFile, file);
+    SelectConfiguration();
+}
+
+void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {
+    const boost::shared_ptr<CWorkspace> workspace = CurrentWorkspace();
+    const auto project = workspace ? workspace->FindProject(name) : nullptr;
+    if (!project) return;
+    const std::string file = project->GetFullPath();
+    const bool wasActive = project == workspace->GetActiveProject();
+    if (wasActive) StoreProjectState(file);
+    project->Save();
+    workspace->RemoveProject(name);
+    if (wasActive) {
+        const auto rest = workspace->GetProjects();
+        if (rest.empty())
+            workspace->DropActiveProject();
+        else
+            workspace->AddProject(rest.front()->GetStoredName(), true, true);
+    }
+
+    CWorkspaceBar &bar = Frame().WorkspaceBar();
+    bar.RemoveProject(file);
+    bar.MarkActiveProject();
+    if (wasActive) {
+        if (workspace->GetActiveProject()) {
+            ShowActiveProject();
+        } else {
+            Frame().ConfigBox().ResetContent();
+            bar.Fill();
+        }
+        LoadProjectState();
+    }
+    bar.ReloadTodo();
+    CIDEApp::Get().symbols.UpdateBrowseInfo();
+    Frame().RefreshTitle();
+    Frame().UpdateCommandUI();
+}
