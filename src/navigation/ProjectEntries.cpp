@@ -13,9 +13,9 @@ struct FileIcon {
 };
 
 constexpr FileIcon kFileIcons[] = {
-    {".asm", "file-asm"}, {".s", "file-asm"},      {".c", "file-c"},       {".cpp", "file-c"},   {".cxx", "file-c"},
-    {".cc", "file-c"},    {".h", "file-header"},   {".hpp", "file-header"}, {".inc", "file-header"}, {".lib", "file-lib"},
-    {".a", "file-lib"},   {".hex", "chip"},
+    {".asm", "file-asm"},    {".s", "file-asm"},   {".c", "file-c"},      {".cpp", "file-c"},
+    {".cxx", "file-c"},      {".cc", "file-c"},    {".h", "file-header"}, {".hpp", "file-header"},
+    {".inc", "file-header"}, {".lib", "file-lib"}, {".a", "file-lib"},    {".hex", "chip"},
 };
 
 }  // namespace
@@ -67,4 +67,6 @@ const char *FileIconName(std::string_view file) {
     return "file-other";
 }
 
-std::string RowText(std::string_view name) { return NativePathAsSpelled(name); }
+std::string RowText(std::string_view name) {
+    return NativePathAsSpelled(name);
+}

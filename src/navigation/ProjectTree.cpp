@@ -30,10 +30,14 @@ QColor BandColor(const QPalette &palette) {
     return QColor(mix(ground.red(), tint.red()), mix(ground.green(), tint.green()), mix(ground.blue(), tint.blue()));
 }
 
-bool IsReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+bool IsReturn(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
 
 // Keys that mean something to a row before they mean something to the program.
-bool IsRowKey(int key) { return IsReturn(key) || key == Qt::Key_Delete || key == Qt::Key_Insert; }
+bool IsRowKey(int key) {
+    return IsReturn(key) || key == Qt::Key_Delete || key == Qt::Key_Insert;
+}
 
 bool HoldsProjects(const std::string &file) {
     const std::string extension = _splitpath(file).extension;
@@ -75,17 +79,19 @@ CProjectTree::CProjectTree(CProjectTreeHost &host, QWidget *parent)
 
 void CProjectTree::MapCommands() {
     const auto needsProject = [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty()); };
-    OnCommand(ID_PROJECT_ACTIVATE, [this] { MakeProjectActive(SelectedProject()); }, [this](CCmdUI &ui) {
-        ui.Enable(!SelectedProject().empty() && !model_->InActiveProject(currentIndex()));
-    });
-    OnCommand(ID_PROJECT_REMOVE, [this] { host_.RemoveProject(SelectedProject()); }, [this](CCmdUI &ui) {
-        ui.Enable(!SelectedProject().empty() && host_.HoldsManyProjects());
-    });
-    OnCommand(ID_PROJECT_ADD_FILES, [this] { host_.AskForFiles(SelectedProject()); }, needsProject);
-    OnCommand(ID_PROJECT_ADD_NEW_FILE, [this] { host_.AskForNewFile(SelectedProject()); }, needsProject);
-    OnCommand(ID_PROJECT_REMOVE_FILE, [this] { RemoveSelectedFile(); }, [this](CCmdUI &ui) {
-        ui.Enable(!SelectedFile().empty());
-    });
+    OnCommand(
+        ID_PROJECT_ACTIVATE, [this] { MakeProjectActive(SelectedProject()); },
+        [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty() && !model_->InActiveProject(currentIndex())); });
+    OnCommand(
+        ID_PROJECT_REMOVE, [this] { host_.RemoveProject(SelectedProject()); },
+        [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty() && host_.HoldsManyProjects()); });
+    OnCommand(
+        ID_PROJECT_ADD_FILES, [this] { host_.AskForFiles(SelectedProject()); }, needsProject);
+    OnCommand(
+        ID_PROJECT_ADD_NEW_FILE, [this] { host_.AskForNewFile(SelectedProject()); }, needsProject);
+    OnCommand(
+        ID_PROJECT_REMOVE_FILE, [this] { RemoveSelectedFile(); },
+        [this](CCmdUI &ui) { ui.Enable(!SelectedFile().empty()); });
 }
 
 bool CProjectTree::OnCmdMsg(int id, CCmdUI *ui) {
@@ -138,7 +144,9 @@ void CProjectTree::Fill() {
     RestorePlace(place);
 }
 
-void CProjectTree::Clear() { model_->Clear(); }
+void CProjectTree::Clear() {
+    model_->Clear();
+}
 
 void CProjectTree::AddProject(const std::string &project) {
     const std::optional<ProjectEntry> entry = host_.Project(project);
@@ -148,7 +156,9 @@ void CProjectTree::AddProject(const std::string &project) {
     RestorePlace(place);
 }
 
-void CProjectTree::RemoveProject(const std::string &project) { model_->RemoveProject(host_.ProjectPath(project)); }
+void CProjectTree::RemoveProject(const std::string &project) {
+    model_->RemoveProject(host_.ProjectPath(project));
+}
 
 void CProjectTree::MarkActiveProject() {
     const std::string project = host_.ActiveProject();
@@ -273,17 +283,22 @@ void CProjectTree::contextMenuEvent(QContextMenuEvent *event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
     if (!byKey) setCurrentIndex(index);
-    const QPoint at = byKey && index.isValid() ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
+    const QPoint at =
+        byKey && index.isValid() ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
     event->accept();
     switch (model_->KindOf(index)) {
         case RowKind::none:
         case RowKind::empty:
             if (host_.IsOpen()) host_.ShowMenu(IDR_WORKSPACE_MENU_ROOT, at, *this);
             return;
-        case RowKind::project: host_.ShowMenu(IDR_WORKSPACE_MENU_PROJECT, at, *this); return;
+        case RowKind::project:
+            host_.ShowMenu(IDR_WORKSPACE_MENU_PROJECT, at, *this);
+            return;
         case RowKind::file:
         case RowKind::outputFolder:
-        case RowKind::outputFile: host_.ShowMenu(IDR_WORKSPACE_MENU_FILE, at, *this); return;
+        case RowKind::outputFile:
+            host_.ShowMenu(IDR_WORKSPACE_MENU_FILE, at, *this);
+            return;
     }
 }
 
@@ -306,9 +321,13 @@ void CProjectTree::TakeDrop(QDropEvent &drop, const std::string &project) {
     for (const std::string &file : opened) host_.OpenFile(file);
 }
 
-void CProjectTree::dragEnterEvent(QDragEnterEvent *event) { OfferDrop(*event); }
+void CProjectTree::dragEnterEvent(QDragEnterEvent *event) {
+    OfferDrop(*event);
+}
 
-void CProjectTree::dragMoveEvent(QDragMoveEvent *event) { OfferDrop(*event); }
+void CProjectTree::dragMoveEvent(QDragMoveEvent *event) {
+    OfferDrop(*event);
+}
 
 void CProjectTree::dropEvent(QDropEvent *event) {
     const std::string project = model_->ProjectOf(indexAt(event->position().toPoint()));

@@ -59,7 +59,9 @@ void CProjectTreeModel::FillProject(Row &row, const ProjectEntry &project) const
     row.Append(std::move(folder));
 }
 
-void CProjectTreeModel::AddEmptyRow() { root_->Append(MakeRow<Row>(RowKind::empty)); }
+void CProjectTreeModel::AddEmptyRow() {
+    root_->Append(MakeRow<Row>(RowKind::empty));
+}
 
 void CProjectTreeModel::SetProjects(const std::vector<ProjectEntry> &projects) {
     beginResetModel();
@@ -186,9 +188,13 @@ void CProjectTreeModel::LookForFiles() {
     }
 }
 
-RowKind CProjectTreeModel::KindOf(const QModelIndex &index) const { return RowOf(index)->kind; }
+RowKind CProjectTreeModel::KindOf(const QModelIndex &index) const {
+    return RowOf(index)->kind;
+}
 
-std::string CProjectTreeModel::PathOf(const QModelIndex &index) const { return RowOf(index)->entry.path; }
+std::string CProjectTreeModel::PathOf(const QModelIndex &index) const {
+    return RowOf(index)->entry.path;
+}
 
 std::string CProjectTreeModel::ProjectOf(const QModelIndex &index) const {
     const Row *row = RowOf(index);
@@ -268,8 +274,10 @@ QVariant CProjectTreeModel::data(const QModelIndex &index, int role) const {
             if (row.kind == RowKind::empty) return ToQString(LoadText(IDS_EMPTY_TREE));
             if (row.kind == RowKind::outputFolder) return ToQString(LoadText(IDS_BAR_OUTPUT));
             return ToQString(RowText(row.entry.name));
-        case Qt::DecorationRole: return IconOf(row);
-        case Qt::ToolTipRole: return TipOf(row);
+        case Qt::DecorationRole:
+            return IconOf(row);
+        case Qt::ToolTipRole:
+            return TipOf(row);
         case Qt::FontRole: {
             if (!dimmed && !row.active) return {};
             QFont font = QApplication::font("QTreeView");
@@ -280,7 +288,8 @@ QVariant CProjectTreeModel::data(const QModelIndex &index, int role) const {
         case Qt::ForegroundRole:
             if (dimmed) return QApplication::palette("QTreeView").brush(QPalette::PlaceholderText);
             return {};
-        default: return {};
+        default:
+            return {};
     }
 }
 
@@ -288,11 +297,18 @@ QIcon CProjectTreeModel::IconOf(const Row &row) const {
     const char *name = "";
     switch (row.kind) {
         case RowKind::none:
-        case RowKind::empty: return {};
-        case RowKind::project: name = row.active ? "project-active" : "project"; break;
-        case RowKind::outputFolder: name = "folder"; break;
+        case RowKind::empty:
+            return {};
+        case RowKind::project:
+            name = row.active ? "project-active" : "project";
+            break;
+        case RowKind::outputFolder:
+            name = "folder";
+            break;
         case RowKind::file:
-        case RowKind::outputFile: name = FileIconName(row.entry.name); break;
+        case RowKind::outputFile:
+            name = FileIconName(row.entry.name);
+            break;
     }
     auto [found, isNew] = icons_.try_emplace(name);
     if (isNew) found->second = LoadIcon(name);

@@ -14,7 +14,7 @@ enum class RowKind { none, project, file, outputFolder, outputFile, empty };
 
 // Projects and files are named by full paths in the Windows form. Operations on a project that has no row do nothing.
 class CProjectTreeModel : public QAbstractItemModel {
-public:
+ public:
     explicit CProjectTreeModel(QObject *parent = nullptr);
     ~CProjectTreeModel() override;
 
@@ -22,11 +22,11 @@ public:
     void Clear();                                                 // no row at all
     void AddProject(const ProjectEntry &project);                 // replaces the rows that it has
     void RemoveProject(const std::string &project);
-    void SetActiveProject(const std::string &project);            // empty: none is active
+    void SetActiveProject(const std::string &project);  // empty: none is active
     void AddFile(const std::string &project, const FileEntry &file);
     void RemoveFile(const std::string &project, const std::string &file);
-    void SetOutputs(const ProjectEntry &project);                 // its `outputs`; leaves rows that stay the same alone
-    void LookForFiles();                                          // which sources exist by now
+    void SetOutputs(const ProjectEntry &project);  // its `outputs`; leaves rows that stay the same alone
+    void LookForFiles();                           // which sources exist by now
 
     RowKind KindOf(const QModelIndex &index) const;
     std::string PathOf(const QModelIndex &index) const;     // of a project or file row, else empty
@@ -43,7 +43,7 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-private:
+ private:
     struct Row;
     Row *RowOf(const QModelIndex &index) const;  // the invisible root for an invalid index
     QModelIndex IndexOf(const Row &row) const;

@@ -64,23 +64,37 @@ void CWorkspaceBar::SetTitle(const std::string &text) {
     label_->setVisible(!text.empty());
 }
 
-void CWorkspaceBar::Fill() { tree_->Fill(); }
+void CWorkspaceBar::Fill() {
+    tree_->Fill();
+}
 
-void CWorkspaceBar::Clear() { tree_->Clear(); }
+void CWorkspaceBar::Clear() {
+    tree_->Clear();
+}
 
-void CWorkspaceBar::AddProject(const std::string &project) { tree_->AddProject(project); }
+void CWorkspaceBar::AddProject(const std::string &project) {
+    tree_->AddProject(project);
+}
 
-void CWorkspaceBar::RemoveProject(const std::string &project) { tree_->RemoveProject(project); }
+void CWorkspaceBar::RemoveProject(const std::string &project) {
+    tree_->RemoveProject(project);
+}
 
-void CWorkspaceBar::MarkActiveProject() { tree_->MarkActiveProject(); }
+void CWorkspaceBar::MarkActiveProject() {
+    tree_->MarkActiveProject();
+}
 
-void CWorkspaceBar::AddFile(const std::string &project, const std::string &file) { tree_->AddFile(project, file); }
+void CWorkspaceBar::AddFile(const std::string &project, const std::string &file) {
+    tree_->AddFile(project, file);
+}
 
 void CWorkspaceBar::RemoveFile(const std::string &project, const std::string &file) {
     tree_->RemoveFile(project, file);
 }
 
-void CWorkspaceBar::RebuildOutputRows() { tree_->RebuildOutputRows(); }
+void CWorkspaceBar::RebuildOutputRows() {
+    tree_->RebuildOutputRows();
+}
 
 // Both speak to the views of symbols and of remarks, as far as the bar has them.
 void CWorkspaceBar::ReloadTodo() {}
@@ -89,10 +103,18 @@ void CWorkspaceBar::ApplyGrouping(int grouping) {
     if (grouping == 1 || grouping == 2) grouping_ = grouping;
 }
 
-int CWorkspaceBar::FirstVisibleRow() const { return tree_->FirstVisibleRow(); }
+int CWorkspaceBar::FirstVisibleRow() const {
+    return tree_->FirstVisibleRow();
+}
 
-void CWorkspaceBar::SetFirstVisibleRow(int row) { tree_->SetFirstVisibleRow(row); }
+void CWorkspaceBar::SetFirstVisibleRow(int row) {
+    tree_->SetFirstVisibleRow(row);
+}
 
-void CWorkspaceBar::dragEnterEvent(QDragEnterEvent *event) { tree_->OfferDrop(*event); }
+void CWorkspaceBar::dragEnterEvent(QDragEnterEvent *event) {
+    tree_->OfferDrop(*event);
+}
 
-void CWorkspaceBar::dropEvent(QDropEvent *event) { tree_->TakeDrop(*event, host_->ActiveProject()); }
+void CWorkspaceBar::dropEvent(QDropEvent *event) {
+    tree_->TakeDrop(*event, host_->ActiveProject());
+}

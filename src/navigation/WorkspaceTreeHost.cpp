@@ -24,11 +24,17 @@ FileEntry MakeFileEntry(const CProject &project, const std::string &name) {
 
 }  // namespace
 
-std::unique_ptr<CProjectTreeHost> MakeProjectTreeHost() { return std::make_unique<CWorkspaceTreeHost>(); }
+std::unique_ptr<CProjectTreeHost> MakeProjectTreeHost() {
+    return std::make_unique<CWorkspaceTreeHost>();
+}
 
-bool CWorkspaceTreeHost::IsOpen() const { return CurrentWorkspace() != nullptr; }
+bool CWorkspaceTreeHost::IsOpen() const {
+    return CurrentWorkspace() != nullptr;
+}
 
-bool CWorkspaceTreeHost::HoldsManyProjects() const { return IsOpen() && WorkspaceOrNone().Kind() == kWorkspaceMultiple; }
+bool CWorkspaceTreeHost::HoldsManyProjects() const {
+    return IsOpen() && WorkspaceOrNone().Kind() == kWorkspaceMultiple;
+}
 
 std::vector<ProjectEntry> CWorkspaceTreeHost::Projects() const {
     std::vector<ProjectEntry> entries;
@@ -86,7 +92,9 @@ FileEntry CWorkspaceTreeHost::File(const std::string &project, const std::string
                                   [&](CProject &found) { return MakeFileEntry(found, file); });
 }
 
-std::string CWorkspaceTreeHost::ActiveProject() const { return ActiveProjectPath(); }
+std::string CWorkspaceTreeHost::ActiveProject() const {
+    return ActiveProjectPath();
+}
 
 void CWorkspaceTreeHost::OpenFile(const std::string &file) {
     CIDEApp &app = CIDEApp::Get();

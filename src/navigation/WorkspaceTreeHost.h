@@ -6,7 +6,7 @@
 class CProject;
 
 class CWorkspaceTreeHost : public CProjectTreeHost {
-public:
+ public:
     bool IsOpen() const override;
     bool HoldsManyProjects() const override;
     std::vector<ProjectEntry> Projects() const override;
@@ -25,6 +25,6 @@ public:
     void RemoveFile(const std::string &project, const std::string &file) override;
     void ShowMenu(int resource, const QPoint &at, CCmdTarget &target) override;
 
-private:
+ private:
     static void ReadOutputs(CProject &project, ProjectEntry &entry);
 };

@@ -1,0 +1,44 @@
+// A program for the project tree that keeps its projects in memory and writes down what it was asked to do.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "framework/CmdTarget.h"
+#include "navigation/ProjectTreeHost.h"
+
+class TreeHost : public CProjectTreeHost {
+ public:
+    std::vector<ProjectEntry> projects;
+    std::vector<std::string> calls;  // "name argument ..."
+    bool open = true;
+    bool many = true;
+    std::vector<int> enabledCommands;  // of the last menu, of those in `askedCommands`
+    std::vector<int> askedCommands;
+
+    ProjectEntry *Find(const std::string &path);
+
+    bool IsOpen() const override { return open; }
+    bool HoldsManyProjects() const override { return many; }
+    std::vector<ProjectEntry> Projects() const override { return projects; }
+    std::optional<ProjectEntry> Project(const std::string &name) const override;
+    std::string ProjectPath(const std::string &name) const override { return name; }
+    FileEntry File(const std::string &project, const std::string &file) const override;
+    ProjectEntry Outputs(const std::string &project) const override;
+    std::string ActiveProject() const override;
+
+    void OpenFile(const std::string &file) override { calls.push_back("open " + file); }
+    void ActivateProject(const std::string &project) override { calls.push_back("activate " + project); }
+    void RemoveProject(const std::string &project) override { calls.push_back("remove project " + project); }
+    void AskForFiles(const std::string &project) override { calls.push_back("ask files " + project); }
+    void AskForNewFile(const std::string &project) override { calls.push_back("ask new " + project); }
+    void AddFiles(const std::string &project, const std::vector<std::string> &files) override;
+    void RemoveFile(const std::string &project, const std::string &file) override;
+    void ShowMenu(int resource, const QPoint &at, CCmdTarget &target) override;
+
+    std::vector<std::string> TakeCalls() { return std::exchange(calls, {}); }
+};
+
+// A project whose file and sources lie in one directory that need not exist.
+ProjectEntry MakeProject(const std::string &directory, const std::string &name, bool active,
+                         const std::vector<std::string> &files, const std::vector<std::string> &outputs = {});
