@@ -7,6 +7,9 @@ class CChildFrame : public CMDIChildWnd {
  public:
     CChildFrame() = default;
 
+    // Whether the frame that was sized or closed last was maximised; false at the start of the program.
+    static bool WasMaximised() { return wasMaximised_; }
+
     void setVisible(bool visible) override;
 
  protected:
@@ -14,5 +17,6 @@ class CChildFrame : public CMDIChildWnd {
     void closeEvent(QCloseEvent *event) override;
 
  private:
+    static inline bool wasMaximised_ = false;
     bool shown_ = false;
 };

@@ -33,7 +33,7 @@ class CFileTracker {
         int64_t lastWrite;  // nanoseconds since 1970, when last armed
         bool armed;
     };
-    std::vector<TrackedFile>::iterator Find(const std::string &path);
+    size_t Find(const std::string &path) const;  // index of the record; the count when there is none
 
     std::vector<TrackedFile> files_;
 };

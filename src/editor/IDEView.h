@@ -28,7 +28,10 @@ class CIDEView : public CView {
     void OnUpdate(CView *sender, intptr_t hint) override;  // applies the settings afresh
 
     void ApplyLexer(FileKind kind);
+    void ApplySettings();     // the user's editor settings
     void LoadFileIntoView();  // replaces the text by the file's; a missing file gives an empty text
+
+    void ConvertLineEnds();  // all to CR LF, in a read-only view too
 
     void ShowViewLine(intptr_t line, bool select);  // brings the line near the middle; `select`: selects it too
     void SelectWholeLine(intptr_t line);
@@ -47,12 +50,12 @@ class CIDEView : public CView {
     virtual void OnFileDeleted();
 
     void resizeEvent(QResizeEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
 
  private:
     void MapCommands();
-    void ApplySettings();
-    void ShowFile(const std::string &path);
+    void FillFromFile(const std::string &path);
+    void ShowText(const std::string &bytes);
+    void PlaceMarks();
     void PlaceFunctionMarks();
     void TakeOverMarks();
 
@@ -69,6 +72,7 @@ class CIDEView : public CView {
     void OpenCounterpart();
 
     CSciWindow sci_;
+    bool holdsFile_ = false;  // the text was loaded from the document's file, and the marks on it are that file's
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };

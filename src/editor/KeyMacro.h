@@ -19,7 +19,7 @@ struct CMacroCommand {
 class CKeyMacro {
  public:
     void Load();
-    void Store() const;
+    void Store();  // nothing to do for what Load or Store left there
 
     void Clear() { commands_.clear(); }
     void Append(CMacroCommand command) { commands_.push_back(std::move(command)); }
@@ -27,4 +27,5 @@ class CKeyMacro {
 
  private:
     std::vector<CMacroCommand> commands_;
+    std::vector<CMacroCommand> stored_;  // as the settings have it
 };

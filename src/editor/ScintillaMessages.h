@@ -43,6 +43,7 @@ enum SciMessage : uint32_t {
 
     // Positions and selection
     SCI_GETCURRENTPOS = 2008,
+    SCI_SETCURRENTPOS = 2141,
     SCI_GETANCHOR = 2009,
     SCI_SETANCHOR = 2026,
     SCI_GETSELECTIONSTART = 2143,

@@ -1,9 +1,13 @@
 // What a component window of a code view is told once, and for each kind of file.
 #pragma once
 
+#include <cstdint>
+
 #include "editor/FileKind.h"
 
 class CSciWindow;
+
+inline constexpr int kFoldMarginWidth = 14;  // pixels, where there is something to fold
 
 // Marker numbers in every code view.
 enum ViewMarker : int {
@@ -20,3 +24,6 @@ void SetUpCaret(const CSciWindow &window);    // blinks as the desktop's carets 
 
 // Lexer, keywords and folding margin for `kind`; unbinds the keys that would put control characters into the text.
 void SetLexerOf(const CSciWindow &window, FileKind kind, bool fold);
+
+// Whether a byte of the text is one of the eight that come in pairs.
+bool IsBrace(intptr_t character);

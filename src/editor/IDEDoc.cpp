@@ -1,0 +1,158 @@
+#include "editor/IDEDoc.h"
+
+#include <filesystem>
+#include <optional>
+
+#include "app/CommandIds.h"
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/Path.h"
+#include "app/ProjectDirScope.h"
+#include "app/StringIds.h"
+#include "editor/IDEView.h"
+#include "framework/Language.h"
+#include "platform/FileText.h"
+#include "platform/FileTime.h"
+#include "platform/NativePath.h"
+#include "platform/PathCalls.h"
+#include "platform/ProgramDirectory.h"
+#include "project/Workspace.h"
+
+namespace {
+
+constexpr std::string_view kStar = " *";
+
+std::string StarredTitle(std::string title, bool modified) {
+    if (title.ends_with(kStar) == modified || title.empty()) return title;
+    return modified ? title + std::string(kStar) : title.substr(0, title.size() - kStar.size());
+}
+
+bool CanBeRead(const std::string &path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(ToNativePath(path), error) && ReadLastWriteTime(path);
+}
+
+void RefreshTabs() {
+    if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->RefreshTabs();
+}
+
+}  // namespace
+
+CIDEDoc::CIDEDoc() : CTrackingDoc(CIDEApp::Get().fileTracker) {
+    OnCommand(
+        ID_FILE_SAVE, [this] { SaveWithFramework(false); }, [this](CCmdUI &ui) { ui.Enable(IsModified()); });
+    OnCommand(ID_FILE_SAVE_AS, [this] { SaveWithFramework(true); });
+}
+
+std::vector<CIDEView *> CIDEDoc::GetCodeViews() const {
+    std::vector<CIDEView *> views;
+    for (CView *each : GetViews())
+        if (auto *view = dynamic_cast<CIDEView *>(each)) views.push_back(view);
+    return views;
+}
+
+CIDEView *CIDEDoc::GetFirstCodeView() const {
+    return dynamic_cast<CIDEView *>(GetFirstView());
+}
+
+void CIDEDoc::SetPathName(const std::string &path, bool addToRecent) {
+    CTrackingDoc::SetPathName(path, false);
+    SetTitle(StarredTitle(DisplayPath(path), IsModified()));
+    RefreshTabs();
+    if (addToRecent) CIDEApp::Get().AddToRecentFileList(path);
+}
+
+void CIDEDoc::DeleteContents() {
+    CTrackingDoc::DeleteContents();
+    for (CIDEView *view : GetCodeViews()) view->Send(SCI_CLEARALL);
+}
+
+bool CIDEDoc::OnNewDocument() {
+    if (!CTrackingDoc::OnNewDocument()) return false;
+    const auto workspace = CIDEApp::Get().workspace;
+    const std::string toolsuite = workspace ? workspace->GetToolName() : std::string();
+    if (toolsuite.empty()) return true;
+    const std::optional<std::string> text = ReadWholeFile(ProgramFile("boiler.plates\\" + toolsuite));
+    if (!text) return true;
+    for (CIDEView *view : GetCodeViews()) {
+        view->SendText(SCI_SETTEXT, 0, text->c_str());
+        view->Send(SCI_SETSEL, static_cast<uintptr_t>(-1), -1);
+    }
+    return true;
+}
+
+bool CIDEDoc::OnOpenDocument(const std::string &path) {
+    if (!CanBeRead(path)) {
+        CIDEApp::Get().AddOutputLine(LoadText(IDS_CANT_READ_FILE, {DisplayPath(path)}));
+        return false;
+    }
+    if (!CTrackingDoc::OnOpenDocument(path)) return false;
+    CIDEApp::Get().symbols.UpdateDocumentFunctions(path, *this);
+    Tracker().TrackFile(TrackedName(path), true);
+    return true;
+}
+
+bool CIDEDoc::OnSaveDocument(const std::string &path) {
+    if (!EqualNoCase(CPath(GetPathName()).GetExtension(), CPath(path).GetExtension())) RecolourAs(path);
+    Tracker().UntrackFile(GetPathName());
+
+    CIDEView *view = GetFirstCodeView();
+    if (view) view->ConvertLineEnds();
+    const bool saved = view && ReplaceWholeFile(path, GetText());
+
+    CIDEApp &app = CIDEApp::Get();
+    app.symbols.UpdateDocumentFunctions(path, *this);
+    if (saved) app.symbols.UpdateBrowseInfo();
+    Tracker().TrackFile(TrackedName(path), true);
+    if (saved) {
+        SetModifiedMark(false);
+        view->Send(SCI_SETSAVEPOINT);
+    } else if (CMainFrame *frame = app.GetMainFrame()) {
+        frame->ShowError(LoadText(IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
+    }
+    return saved;
+}
+
+// The record is made before a first or new name becomes the document's own.
+std::string CIDEDoc::TrackedName(const std::string &path) const {
+    return GetPathName().empty() ? path : GetPathName();
+}
+
+void CIDEDoc::RecolourAs(const std::string &path) {
+    for (CIDEView *view : GetCodeViews()) {
+        view->ApplyLexer(FileKindOf(path));
+        view->ApplySettings();
+        view->Send(SCI_COLOURISE, 0, -1);
+    }
+    UpdateAllViews(nullptr);
+}
+
+void CIDEDoc::SetModifiedMark(bool modified) {
+    SetModifiedFlag(modified);
+    const std::string title = StarredTitle(GetTitle(), modified);
+    if (title != GetTitle()) SetTitle(title);
+    RefreshTabs();
+}
+
+void CIDEDoc::ReloadFromDisk() {
+    const bool tracked = Tracker().IsFileTracked(GetPathName());
+    const bool armed = Tracker().IsFileArmed(GetPathName());
+    if (tracked) Tracker().UntrackFile(GetPathName());
+    for (CIDEView *view : GetCodeViews()) view->LoadFileIntoView();
+    if (tracked) Tracker().TrackFile(GetPathName(), armed);
+}
+
+std::string CIDEDoc::GetText() const {
+    const CIDEView *view = GetFirstCodeView();
+    return view ? view->Sci().GetText() : std::string();
+}
+
+void CIDEDoc::SaveWithFramework(bool askForName) {
+    const std::string project = CIDEApp::Get().GetActiveProjectPath();
+    const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
+    if (askForName) {
+        DoSave({});
+    } else {
+        DoFileSave();
+    }
+}

@@ -1,0 +1,321 @@
+#include "editor/IDEView.h"
+
+#include <QResizeEvent>
+#include <optional>
+
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/StringIds.h"
+#include "editor/Folding.h"
+#include "editor/IDEDoc.h"
+#include "editor/Keywords.h"
+#include "editor/ViewSetup.h"
+#include "framework/Language.h"
+#include "platform/FileText.h"
+#include "platform/NativePath.h"
+#include "platform/PathCalls.h"
+#include "project/Workspace.h"
+
+namespace {
+
+constexpr int kChangesOfText = SC_MOD_INSERTTEXT + SC_MOD_DELETETEXT;
+
+// Keeps the component from telling about changes for the life of the object.
+class CModifiedQuiet {
+ public:
+    explicit CModifiedQuiet(const CIDEView &view) : view_(view) { view_.Send(SCI_SETMODEVENTMASK, 0); }
+    ~CModifiedQuiet() { view_.Send(SCI_SETMODEVENTMASK, kChangesOfText); }
+    CModifiedQuiet(const CModifiedQuiet &) = delete;
+    CModifiedQuiet &operator=(const CModifiedQuiet &) = delete;
+
+ private:
+    const CIDEView &view_;
+};
+
+// Lets a read-only view be written to for the life of the object.
+class CWritable {
+ public:
+    explicit CWritable(const CIDEView &view) : view_(view), readOnly_(view.IsReadOnly()) {
+        if (readOnly_) view_.Send(SCI_SETREADONLY, 0);
+    }
+    ~CWritable() {
+        if (readOnly_) view_.Send(SCI_SETREADONLY, 1);
+    }
+    CWritable(const CWritable &) = delete;
+    CWritable &operator=(const CWritable &) = delete;
+
+ private:
+    const CIDEView &view_;
+    const bool readOnly_;
+};
+
+bool IsReadOnlyOnDisk(const std::string &path) {
+    const unsigned attributes = GetFileAttributesA(path);
+    return attributes != kInvalidFileAttributes && (attributes & kFileAttributeReadOnly);
+}
+
+void TellAboutFile(int text, const std::string &path) {
+    CIDEApp::Get().AddOutputLine(LoadText(text, {DisplayPath(path)}));
+}
+
+}  // namespace
+
+CIDEView::CIDEView(QWidget *parent) : CView(parent) {
+    const auto notify = [](void *view, const SciLexerNotification *notification) {
+        static_cast<CIDEView *>(view)->OnNotify(*notification);
+    };
+    sci_ = CIDEApp::Get().lexer.Create(this, notify, this);
+    SetUpWindow(sci_);
+    setFocusProxy(sci_.Widget());
+    MapCommands();
+    OnMessage(kMsgFileChanged, [this](intptr_t, intptr_t) { OnFileChanged(); });
+    OnMessage(kMsgFileDeleted, [this](intptr_t, intptr_t) { OnFileDeleted(); });
+}
+
+CIDEView::~CIDEView() {
+    CIDEApp::Get().lexer.SetNotify(sci_, nullptr, nullptr);
+    if (holdsFile_ && GetDocument()) TakeOverMarks();
+    if (CIDEDoc *document = GetIDEDoc())
+        for (CFunctionData &function : document->functions) function.DropMark(this);
+    delete sci_.Widget();
+}
+
+CIDEDoc *CIDEView::GetIDEDoc() const {
+    return dynamic_cast<CIDEDoc *>(GetDocument());
+}
+
+void CIDEView::resizeEvent(QResizeEvent *event) {
+    CView::resizeEvent(event);
+    if (sci_) sci_.Widget()->resize(event->size());
+}
+
+void CIDEView::OnInitialUpdate() {
+    CView::OnInitialUpdate();
+    Send(SCI_STYLECLEARALL);
+    SetUpCaret(sci_);
+    LoadFileIntoView();
+    if (CIDEApp::Get().session.IsOpen()) Send(SCI_SETREADONLY, 1);
+    SetUpFolding(sci_);
+    ApplySettings();
+    GetIDEDoc()->SetModifiedMark(false);
+    Send(SCI_EMPTYUNDOBUFFER);
+    Send(SCI_SETSAVEPOINT);
+}
+
+void CIDEView::OnUpdate(CView *, intptr_t) {
+    ApplySettings();
+}
+
+void CIDEView::ApplySettings() {
+    CIDEApp::Get().editorProperties.ApplyProperties(sci_, static_cast<int>(Send(SCI_GETLINECOUNT)));
+}
+
+void CIDEView::ApplyLexer(FileKind kind) {
+    const auto workspace = CIDEApp::Get().workspace;
+    std::string words;
+    if (workspace && workspace->GetKeywords({}, static_cast<int>(kind), words)) SetKeywords(kind, words);
+    SetLexerOf(sci_, kind, CIDEApp::Get().editorProperties.fold);
+}
+
+void CIDEView::LoadFileIntoView() {
+    const CModifiedQuiet quiet(*this);
+    const std::string &path = GetDocument()->GetPathName();
+    if (!path.empty()) {
+        const intptr_t topLine = Send(SCI_GETFIRSTVISIBLELINE);
+        ApplyLexer(FileKindOf(path));
+        FillFromFile(path);
+        Send(SCI_LINESCROLL, 0, topLine - Send(SCI_GETFIRSTVISIBLELINE));
+    }
+    GetIDEDoc()->SetModifiedMark(false);
+    Send(SCI_SETSAVEPOINT);
+}
+
+void CIDEView::FillFromFile(const std::string &path) {
+    if (GetFileAttributesA(path) == kInvalidFileAttributes) {
+        Send(SCI_SETREADONLY, 0);
+        ShowText({});
+        TellAboutFile(IDS_FILE_MISSING, path);
+        return;
+    }
+    const std::optional<std::string> bytes = ReadWholeFile(path);
+    if (!bytes) {
+        TellAboutFile(IDS_CANT_READ_FILE, path);
+        return;
+    }
+    if (holdsFile_) TakeOverMarks();
+    ShowText(*bytes);
+    PlaceFunctionMarks();
+    // What lies behind a zero byte isn't on show and would be lost by saving.
+    const bool cut = bytes->find('\0') != std::string::npos;
+    const bool readOnly = cut || IsReadOnlyOnDisk(path);
+    Send(SCI_SETREADONLY, readOnly || CIDEApp::Get().session.IsOpen());
+    if (readOnly) TellAboutFile(IDS_FILE_READ_ONLY, path);
+    PlaceMarks();
+    holdsFile_ = true;
+}
+
+void CIDEView::ShowText(const std::string &bytes) {
+    // Markers would gather on the first line when their lines go.
+    for (const int marker : {kMarkerBookmark, kMarkerBreakpoint, kMarkerBreakpointSecond, kMarkerFunction})
+        Send(SCI_MARKERDELETEALL, static_cast<uintptr_t>(marker));
+    const CWritable writable(*this);
+    SendText(SCI_SETTEXT, 0, bytes.c_str());
+    ApplySettings();
+}
+
+void CIDEView::PlaceFunctionMarks() {
+    for (CFunctionData &function : GetIDEDoc()->functions) {
+        const intptr_t handle = Send(SCI_MARKERADD, static_cast<uintptr_t>(function.line - 1), kMarkerFunction);
+        function.SetMark(this, handle);
+    }
+}
+
+void CIDEView::PlaceMarks() {
+    CIDEApp::Get().bookmarks.ApplyToView(*this);
+    CIDEApp::Get().breakpoints.ApplyToView(*this);
+}
+
+void CIDEView::TakeOverMarks() {
+    CIDEApp::Get().bookmarks.TakeFromView(*this);
+    CIDEApp::Get().breakpoints.TakeFromView(*this);
+}
+
+void CIDEView::ConvertLineEnds() {
+    const CWritable writable(*this);
+    Send(SCI_CONVERTEOLS, SC_EOL_CRLF);
+}
+
+intptr_t CIDEView::CaretLine() const {
+    return Send(SCI_LINEFROMPOSITION, static_cast<uintptr_t>(Send(SCI_GETCURRENTPOS)));
+}
+
+void CIDEView::ShowViewLine(intptr_t line, bool select) {
+    const intptr_t anchor = Send(SCI_GETANCHOR), caret = Send(SCI_GETCURRENTPOS);
+    Send(SCI_ENSUREVISIBLEENFORCEPOLICY, static_cast<uintptr_t>(line));
+    Send(SCI_GOTOLINE, static_cast<uintptr_t>(line));
+
+    // Lines on screen and the first of them count folded text as absent.
+    const intptr_t onScreen = Send(SCI_LINESONSCREEN), first = Send(SCI_GETFIRSTVISIBLELINE);
+    const intptr_t shown = Send(SCI_VISIBLEFROMDOCLINE, static_cast<uintptr_t>(line));
+    const bool inBand = shown >= first + onScreen / 3 && shown <= first + 2 * onScreen / 3;
+    if (!inBand && first + onScreen / 2 < Send(SCI_GETLINECOUNT)) Send(SCI_LINESCROLL, 0, shown - onScreen / 2 - first);
+
+    if (select) {
+        SelectWholeLine(line);
+    } else {
+        Send(SCI_SETANCHOR, static_cast<uintptr_t>(anchor));
+        Send(SCI_SETCURRENTPOS, static_cast<uintptr_t>(caret));
+    }
+}
+
+void CIDEView::SelectWholeLine(intptr_t line) {
+    const auto number = static_cast<uintptr_t>(line);
+    Send(SCI_SETSEL, static_cast<uintptr_t>(Send(SCI_POSITIONFROMLINE, number)), Send(SCI_GETLINEENDPOSITION, number));
+}
+
+void CIDEView::GotoFunction(size_t index) {
+    const CIDEDoc *document = GetIDEDoc();
+    if (!document || index >= document->functions.size()) return;
+    const CFunctionData &function = document->functions[index];
+    const CFunctionData::Mark *mark = function.FindMark(this);
+    intptr_t line = mark ? Send(SCI_MARKERLINEFROMHANDLE, static_cast<uintptr_t>(mark->handle)) : -1;
+    if (line < 0) line = function.line - 1;
+    ShowViewLine(line, true);
+}
+
+void CIDEView::OnNotify(const SciLexerNotification &notification) {
+    CIDEDoc *document = GetIDEDoc();
+    if (!document) return;
+    switch (notification.code) {
+        case SCN_SAVEPOINTREACHED:
+            document->SetModifiedMark(false);
+            break;
+        case SCN_SAVEPOINTLEFT:
+            document->SetModifiedMark(true);
+            break;
+        case SCN_MODIFYATTEMPTRO:
+            OnModifyAttempt();
+            break;
+        case SCN_UPDATEUI:
+            ShowCaretPosition();
+            HighlightBraces();
+            break;
+        case SCN_MODIFIED:
+            OnModified(notification);
+            break;
+        case SCN_MACRORECORD: {
+            const char *text = reinterpret_cast<const char *>(notification.lParam);
+            CIDEApp::Get().macro.Append(
+                {0, static_cast<int>(notification.message), static_cast<int>(notification.wParam), text ? text : ""});
+            break;
+        }
+        case SCN_MARGINCLICK:
+            if (notification.margin == 2)
+                FoldClick(sci_, Send(SCI_LINEFROMPOSITION, static_cast<uintptr_t>(notification.position)),
+                          notification.modifiers);
+            break;
+        case SCN_DWELLEND:
+            Send(SCI_CALLTIPCANCEL);
+            break;
+    }
+}
+
+void CIDEView::OnModifyAttempt() {
+    const std::string &path = GetDocument()->GetPathName();
+    if (CIDEApp::Get().session.IsOpen()) {
+        CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_READ_ONLY));
+    } else if (IsReadOnlyOnDisk(path)) {
+        TellAboutFile(IDS_FILE_READ_ONLY, path);
+    }
+}
+
+void CIDEView::ShowCaretPosition() {
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (!frame) return;
+    const auto caret = static_cast<uintptr_t>(Send(SCI_GETCURRENTPOS));
+    const std::string text =
+        "Ln " + std::to_string(CaretLine() + 1) + ", Col " + std::to_string(Send(SCI_GETCOLUMN, caret));
+    frame->SetStatusText(CIDEApp::Get().session.IsOpen() ? kPaneCompiler : kPanePosition, text);
+}
+
+void CIDEView::HighlightBraces() {
+    const auto caret = static_cast<uintptr_t>(Send(SCI_GETCURRENTPOS));
+    if (!IsBrace(Send(SCI_GETCHARAT, caret))) {
+        Send(SCI_BRACEBADLIGHT, static_cast<uintptr_t>(-1));
+        return;
+    }
+    const intptr_t match = Send(SCI_BRACEMATCH, caret);
+    if (match >= 0) {
+        Send(SCI_BRACEHIGHLIGHT, caret, match);
+    } else {
+        Send(SCI_BRACEBADLIGHT, caret);
+    }
+}
+
+void CIDEView::OnModified(const SciLexerNotification &notification) {
+    lastEditPos_ = Send(SCI_GETCURRENTPOS);
+    lastEditTopLine_ = Send(SCI_GETFIRSTVISIBLELINE);
+    if (notification.modificationType & kChangesOfText) CIDEApp::Get().breakpoints.FollowEdit(*this);
+    if (!CIDEApp::Get().editorProperties.lineNumbers) return;
+    const int width = CEditorProperties::LineNumberWidth(sci_, static_cast<int>(Send(SCI_GETLINECOUNT)));
+    if (width != Send(SCI_GETMARGINWIDTHN, 0)) Send(SCI_SETMARGINWIDTHN, 0, width);
+}
+
+void CIDEView::OnFileChanged() {
+    CIDEDoc *document = GetIDEDoc();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (!document || !frame) return;
+    const std::string path = document->GetPathName();
+    if (frame->AskUser(LoadText(IDS_FILE_CHANGED, {DisplayPath(path)}), BoxButtons::yesNo) != IDYES) return;
+    document->ReloadFromDisk();
+    CIDEApp::Get().fileTracker.TrackFile(path, true);
+    Send(SCI_EMPTYUNDOBUFFER);
+}
+
+void CIDEView::OnFileDeleted() {
+    CIDEDoc *document = GetIDEDoc();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (!document || !frame) return;
+    frame->ShowNotice(LoadText(IDS_FILE_DELETED, {DisplayPath(document->GetPathName())}));
+    document->SetModifiedMark(true);
+}

@@ -1,0 +1,8 @@
+#include "editor/TrackingDoc.h"
+
+#include "editor/FileTracker.h"
+
+void CTrackingDoc::OnCloseDocument() {
+    tracker_.UntrackFile(GetPathName());
+    CDocument::OnCloseDocument();
+}
