@@ -1,7 +1,6 @@
 // The build list: plain lines, read as messages only when the user goes to one.
 #pragma once
 
-#include <QFont>
 #include <memory>
 #include <string>
 
@@ -19,18 +18,20 @@ public:
     // The place that the line at `index` points to; false when it is no message.
     bool GetLineInfo(int index, std::string &file, int &line) const;
 
-    void NextMessage();  // selects the next message and shows its place; long lists are searched in the background
-    void CopyAll();      // all lines, each ended with CR LF, to the clipboard
+    // Selects the next message and shows its place. A search that takes long goes on while the window works.
+    void NextMessage();
 
 protected:
     void OnActivate(int index) override;
     void OnClick(int index) override;
     void OnReset() override;
     int MenuResource() const override;
-    void DrawRow(QPainter &painter, const Row &row, std::string_view line) const override;
+    QColor TextColor(std::string_view line) const override;
+    void DrawText(QPainter &painter, const Row &row) const override;
 
 private:
     void SearchOn();
+    void CopyOrTell();
 
     std::unique_ptr<MessageSearch> search_;  // empty: no search is under way
     QTimer searchOn_;

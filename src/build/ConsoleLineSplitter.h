@@ -31,5 +31,5 @@ private:
     Sink sink_;
     Skipping skipping_ = Skipping::nothing;
     size_t used_ = 0;
-    char buffer_[kLongestLine + 1];
+    char buffer_[kLongestLine];
 };

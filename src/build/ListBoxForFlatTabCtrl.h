@@ -21,25 +21,27 @@ public:
 
     void AddLine(std::string_view text);  // at the end, and selects it: the list follows the newest line
     void ResetContent();
-    void SetCurSel(int index);            // and brings it into view
+    void SetCurSel(int index);  // and brings it into view
+    bool CopyAll();             // all lines, each ended with CR LF, to the clipboard; false when it can't be had
+
+    QRect RowRect(int index) const;  // in the viewport; empty for a line that isn't in view
 
 protected:
-    virtual void OnActivate(int index) {}  // double click or Enter on a line
-    virtual void OnClick(int index) {}     // left click on a line, before it is selected
-    virtual void OnReset() {}              // the list has been emptied
-    virtual int MenuResource() const { return 0; }
-
     struct Row {
-        QString text;   // tabs expanded; of a very long line only what can show
-        qreal left;     // where the text begins
-        int baseline;
+        QString text;  // tabs expanded; of a very long line only the part that shows
+        qreal left;    // where it begins
         QRect area;
         bool selected;
     };
-    virtual void DrawRow(QPainter &painter, const Row &row, std::string_view line) const;
-    QColor TextColor(bool selected) const;
 
-    int RowAt(const QPoint &at) const;  // -1 below the last line
+    virtual void OnActivate(int index) {}              // double click or Enter on a line
+    virtual void OnClick(int index) {}                 // left click on a line, before it is selected
+    virtual void OnReset() {}                          // the list has been emptied
+    virtual int MenuResource() const { return 0; }     // of the pop-up of the right button; 0: none
+    virtual QColor TextColor(std::string_view line) const;  // on the ordinary background
+    virtual void DrawText(QPainter &painter, const Row &row) const;
+
+    bool IsDark() const;  // the list's background is darker than its text
 
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -57,9 +59,11 @@ private:
     void TakeFont();
     void ScheduleRefresh();
     void Refresh();
-    int RowsInView() const;
-    void MoveSelection(int index);
-    Row LayOutRow(int index, int top) const;
+    void SetRanges();
+    int RowsInView() const;  // whole ones, at least 1
+    int RowAt(const QPoint &at) const;
+    void Reveal(int index);
+    Row LayOutRow(int index) const;
 
     int id_;
     LineStore store_;

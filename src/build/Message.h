@@ -24,10 +24,8 @@ public:
     int tool;                 // -1: a plain step; 0 and up: a step of the toolsuite
 
 private:
-    bool ExecutePlain(const std::string &directory);
     bool ExecuteTool(const std::string &directory);
     bool Launch(const std::string &commandLine, const std::string &directory, int parameter);
-    void RefreshDocuments() const;  // reloads what the step wrote, closes what it removed
     bool CheckOutputs() const;
     void ShowLog() const;
 };

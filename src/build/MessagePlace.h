@@ -33,6 +33,8 @@ using FileTest = std::function<bool(const std::string &name)>;  // exists and is
 // Reads the place out of the text at `index` of `lines`; earlier lines can name the file.
 std::optional<MessagePlace> ClassifyMessage(const LineAccess &lines, size_t index, const FileTest &exists);
 
+inline constexpr size_t kLongestFileName = 4095;
+
 // The file test for names in messages, against the current directory: blanks at the end of a name don't count.
 bool MessageFileExists(const std::string &name);
 std::string TrimFileName(const std::string &name);

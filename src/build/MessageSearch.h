@@ -3,8 +3,8 @@
 
 #include <chrono>
 #include <cstddef>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "build/MessagePlace.h"
@@ -13,41 +13,39 @@
 // Without a selection it searches once from the start. Answers of the file test are kept for the life of the search.
 class MessageSearch {
 public:
-    struct Result {
-        size_t index;
-        MessagePlace place;
-    };
     enum class State { searching, found, nothing };
 
-    // `selected`: -1 for none.
+    // `selected`: -1 for none. Lines may be appended to the list meanwhile; they are not looked at.
     MessageSearch(size_t count, int selected, LineAccess lines, FileTest exists);
 
     // Goes on until something is found, nothing is left, or the time is over.
     State Run(std::chrono::milliseconds limit);
-    const Result &Found() const { return *found_; }
+
+    // After State::found.
+    size_t FoundIndex() const { return position_; }
+    const MessagePlace &FoundPlace() const { return found_; }
 
 private:
     static constexpr size_t kMostAnswersKept = 65536;
 
-    bool Exists(const std::string &name);
-    bool Look();
-    void WalkUp();
-    void Take(MessagePlace place);
-    void Advance();
+    enum class Verdict { message, noMessage, undecided };
+
+    bool Exists(std::string_view name);
+    Verdict JudgeLine();
+    Verdict WalkUp();
+    bool Advance();
 
     const LineAccess lines_;
     const FileTest exists_;
-    size_t position_, end_;
-    size_t secondEnd_;  // end of the part from the start of the list on; 0: there is none
+    size_t position_;
+    size_t end_;        // of the part that is being searched
+    size_t secondEnd_;  // of the part from the start of the list on; 0: there is none left
+    MessagePlace found_;
     std::unordered_map<std::string, bool> answers_;
 
-    std::optional<MessagePlace> waiting_;  // a message whose file is looked for above
-    size_t walk_ = 0;                      // the next line to look at is the one before it
-    size_t walkStart_ = 0;
-    struct Known {
-        size_t begin, end;  // lines of this range are no files...
-        std::optional<std::string> file;  // ...and this one stands above them, empty: none
-    };
-    std::optional<Known> known_;
-    std::optional<Result> found_;
+    // The way up to the line that names the file of the message at position_. It is taken one line at a time, because
+    // it may lead to the top of the list.
+    bool walking_ = false;
+    size_t walk_ = 0;        // lines from here to position_ name no file
+    size_t walkedFrom_ = 0;  // no line above this one names a file either: an earlier walk began here
 };

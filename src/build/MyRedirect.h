@@ -16,7 +16,7 @@ public:
     ~CMyRedirect() override;
 
     // Who gets the messages; without a receiver they are dropped. Set while no child runs.
-    void SetReceiver(const CMessagePort &receiver) { receiver_ = receiver; }
+    void SetPort(const CMessagePort &receiver) { receiver_ = receiver; }
 
     // Main thread. False when the command is empty or a child runs.
     bool RunCommand(const std::string &command, const std::string &directory, int32_t parameter);
@@ -34,5 +34,5 @@ private:
     CMessagePort receiver_;
     std::atomic<bool> busy_{false};
     std::binary_semaphore semaphore_{1};  // makes Start and the callbacks exclude each other
-    size_t typicalLength_ = 0;            // of the lines lately, in bytes; worker only
+    double typicalLength_ = 0;            // of the lines lately, in bytes; worker only
 };

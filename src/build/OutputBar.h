@@ -1,6 +1,8 @@
 // The docking bar with the build list, the find list and the debugger's notices.
 #pragma once
 
+#include <string_view>
+
 #include "framework/DockBar.h"
 
 class CBuildListBox;
@@ -18,6 +20,9 @@ public:
 
     void ShowTab(Tab tab);  // to the front, and the bar with it
     Tab CurrentTab() const;
+
+    void AddBuildLine(std::string_view text);  // to the build list, which follows it
+    void ClearBuildList();
 
     CBuildListBox &BuildList() const { return *buildList_; }
     CFindListBox &FindList() const { return *findList_; }

@@ -1,0 +1,8 @@
+#include "build/TextPostProcessMessage.h"
+
+#include "app/IDEApp.h"
+
+bool CTextPostProcessMessage::PostProcess() {
+    CIDEApp::Get().AddOutputLine(text);
+    return true;
+}
