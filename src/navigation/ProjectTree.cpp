@@ -149,6 +149,10 @@ void CProjectTree::Clear() {
 }
 
 void CProjectTree::AddProject(const std::string &project) {
+    if (!host_.HoldsManyProjects()) {  // it took the place of another
+        Fill();
+        return;
+    }
     const std::optional<ProjectEntry> entry = host_.Project(project);
     if (!entry) return;
     const Place place = NotePlace();

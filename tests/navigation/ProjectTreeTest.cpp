@@ -191,6 +191,16 @@ TEST_F(ProjectTree, ShowsTheRowsOfAProjectThatBecomesActive) {
     EXPECT_FALSE(tree.Rows().InActiveProject(File("\\w\\main.asm")));
 }
 
+TEST_F(ProjectTree, ShowsOneProjectWhereOnlyOneCanBe) {
+    host.projects.erase(host.projects.begin());
+    tree.AddProject(kMeter);  // is there: nothing goes
+    EXPECT_EQ(tree.Rows().rowCount(), 2);
+    host.many = false;
+    tree.AddProject(kMeter);
+    EXPECT_FALSE(tree.Rows().FindProject(kBlink).isValid());
+    EXPECT_EQ(tree.Rows().rowCount(), 1);
+}
+
 TEST_F(ProjectTree, TakesAThousandFilesAtOnceAndOneByOne) {
     std::vector<std::string> names;
     for (int i = 0; i < 1000; ++i) names.push_back("src\\file" + std::to_string(i * 7919 % 1000) + ".asm");
