@@ -9,8 +9,8 @@
 #include "framework/Icons.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
+#include "navigation/FilePresence.h"
 #include "platform/NativePath.h"
-#include "platform/PathCalls.h"
 
 struct CProjectTreeModel::Row {
     RowKind kind = RowKind::none;
@@ -176,10 +176,11 @@ void CProjectTreeModel::SetOutputs(const ProjectEntry &project) {
 }
 
 void CProjectTreeModel::LookForFiles() {
+    CFilePresence presence;
     for (auto &project : root_->rows) {
         for (auto &row : project->rows) {
             if (row->kind != RowKind::file) continue;
-            const bool exists = FileExists(row->entry.path);
+            const bool exists = presence.Exists(row->entry.path);
             if (exists == row->entry.exists) continue;
             row->entry.exists = exists;
             const QModelIndex index = IndexOf(*row);

@@ -5,6 +5,7 @@
 #include "app/Path.h"
 #include "app/StringIds.h"
 #include "framework/Language.h"
+#include "navigation/FilePresence.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 #include "platform/Profile.h"
@@ -16,9 +17,9 @@ namespace {
 
 constexpr uint32_t kOutputListSize = 1024;  // longest output list that is read, with its terminating zero
 
-FileEntry MakeFileEntry(const CProject &project, const std::string &name) {
+FileEntry MakeFileEntry(const CProject &project, const std::string &name, CFilePresence &presence) {
     FileEntry entry{name, project.GetFileFullPath(name)};
-    entry.exists = FileExists(entry.path);
+    entry.exists = presence.Exists(entry.path);
     return entry;
 }
 
@@ -46,12 +47,14 @@ std::vector<ProjectEntry> CWorkspaceTreeHost::Projects() const {
 std::optional<ProjectEntry> CWorkspaceTreeHost::Project(const std::string &name) const {
     CWorkspace &workspace = WorkspaceOrNone();
     const auto active = workspace.GetActiveProject();
+    CFilePresence presence;
     return workspace.Call(name, std::optional<ProjectEntry>(), [&](CProject &project) {
         ProjectEntry entry;
         entry.name = project.GetStoredName();
         entry.path = project.GetFullPath();
         entry.active = active.get() == &project;
-        for (const std::string &file : project.GetFiles()) entry.files.push_back(MakeFileEntry(project, file));
+        for (const std::string &file : project.GetFiles())
+            entry.files.push_back(MakeFileEntry(project, file, presence));
         ReadOutputs(project, entry);
         return std::optional<ProjectEntry>(std::move(entry));
     });
@@ -88,8 +91,11 @@ std::string CWorkspaceTreeHost::ProjectPath(const std::string &name) const {
 }
 
 FileEntry CWorkspaceTreeHost::File(const std::string &project, const std::string &file) const {
-    return WorkspaceOrNone().Call(project, FileEntry{file, file, false},
-                                  [&](CProject &found) { return MakeFileEntry(found, file); });
+    return WorkspaceOrNone().Call(project, FileEntry{file, file, false}, [&](CProject &found) {
+        FileEntry entry{file, found.GetFileFullPath(file)};
+        entry.exists = FileExists(entry.path);
+        return entry;
+    });
 }
 
 std::string CWorkspaceTreeHost::ActiveProject() const {
