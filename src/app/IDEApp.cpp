@@ -59,9 +59,9 @@ bool HasContent(const std::string &file) {
     return FileExists(file) && GetPrivateProfileIntA(section, "Count", 0, file.c_str()) != 0;
 }
 
-void InitIcons() { Q_INIT_RESOURCE(icons); }
-
 }  // namespace
+
+static void InitIcons() { Q_INIT_RESOURCE(icons); }  // names a symbol of the global namespace
 
 CIDEApp::CIDEApp(std::string commandLine) : commandLine_(std::move(commandLine)) {
     InitIcons();

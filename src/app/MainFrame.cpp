@@ -21,6 +21,7 @@
 #include "framework/Icons.h"
 #include "framework/Language.h"
 #include "framework/MDIChildWnd.h"
+#include "framework/RecentList.h"
 #include "framework/Text.h"
 #include "framework/View.h"
 #include "navigation/WorkspaceBar.h"
