@@ -1,7 +1,6 @@
 #include "project/ProjectCommands.h"
 
 #include <memory>
-#include <set>
 
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"

@@ -1,6 +1,4 @@
 // A project's way to its file and back.
-#include <algorithm>
-#include <optional>
 
 #include "app/PathNames.h"
 #include "platform/FileText.h"
