@@ -7,7 +7,7 @@
 
 // Main thread.
 class CAbbreviations {
- public:
+public:
     virtual ~CAbbreviations() = default;
 
     // Reads the table from a file (Windows form) of pairs "name <*text*>". A file that is missing, or has one error
@@ -19,7 +19,7 @@ class CAbbreviations {
 
     size_t Count() const { return entries_.size(); }
 
- private:
+private:
     struct Entry {
         std::string name, body;
     };

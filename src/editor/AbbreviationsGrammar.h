@@ -28,7 +28,7 @@ struct abbreviations_grammar : public boost::spirit::classic::grammar<abbreviati
             // Bytes beyond ASCII are letters of UTF-8 names.
             name = lexeme_d[+(graph_p | range_p('\x80', '\xff'))][tell(self.name_action)];
             text = str_p("<*") >> lexeme_d[*(anychar_p - "*>")][tell(self.text_action)] >> "*>";
-            file = *(name >> text);
+            file = *(name >> text) >> end_p;
         }
 
         boost::spirit::classic::rule<Scanner> file, name, text;

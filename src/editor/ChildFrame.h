@@ -4,7 +4,7 @@
 #include "framework/MDIChildWnd.h"
 
 class CChildFrame : public CMDIChildWnd {
- public:
+public:
     CChildFrame() = default;
 
     // Whether the frame that was sized or closed last was maximised; false at the start of the program.
@@ -12,11 +12,11 @@ class CChildFrame : public CMDIChildWnd {
 
     void setVisible(bool visible) override;
 
- protected:
+protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
- private:
+private:
     static inline bool wasMaximised_ = false;
     bool shown_ = false;
 };

@@ -10,7 +10,7 @@ class CSciWindow;
 
 // Main thread.
 class CEditorProperties {
- public:
+public:
     static constexpr size_t kStyles = 15;
 
     CEditorProperties();  // the defaults
@@ -39,7 +39,7 @@ class CEditorProperties {
     bool lineNumbers = false;
     std::array<CStyle, kStyles> styles;
 
- private:
+private:
     const CStyle &Row(int id) const;
     void ApplyMargins(const CSciWindow &window, int lineCount) const;
     void ApplyFont(const CSciWindow &window) const;

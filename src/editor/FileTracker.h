@@ -13,7 +13,7 @@ enum FileTrackerMessage : unsigned {
 
 // Paths are in the Windows form and compare without regard to case. Main thread.
 class CFileTracker {
- public:
+public:
     // Adds a record with the file's last-write time. False when the time can't be read.
     bool TrackFile(const std::string &path, bool armed);
     void UntrackFile(const std::string &path);  // the first record of that path
@@ -27,7 +27,7 @@ class CFileTracker {
     // posted message, and its record goes. A file that exists but can't be opened is taken to be busy.
     void CheckTrackedFiles();
 
- private:
+private:
     struct TrackedFile {
         std::string path;
         int64_t lastWrite;  // nanoseconds since 1970, when last armed

@@ -7,11 +7,11 @@ class QSpinBox;
 
 // Lines count from 1.
 class CGotoLineDlg : public QDialog {
- public:
+public:
     CGotoLineDlg(QWidget *parent, int line, int lineCount);
 
     int Line() const;
 
- private:
+private:
     QSpinBox *line_;
 };

@@ -10,7 +10,7 @@
 class CIDEView;
 
 class CIDEDoc : public CTrackingDoc {
- public:
+public:
     CIDEDoc();
 
     void SetPathName(const std::string &path, bool addToRecent = true) override;
@@ -34,7 +34,7 @@ class CIDEDoc : public CTrackingDoc {
     std::vector<CFunctionData> functions;
     void ClearFunctions() { functions.clear(); }
 
- private:
+private:
     void SaveWithFramework(bool askForName);
     void RecolourAs(const std::string &path);
     std::string TrackedName(const std::string &path) const;

@@ -11,7 +11,7 @@ class CIDEDoc;
 
 // Lines and columns count from 0. Main thread.
 class CIDEView : public CView {
- public:
+public:
     explicit CIDEView(QWidget *parent = nullptr);
     ~CIDEView() override;
 
@@ -42,7 +42,7 @@ class CIDEView : public CView {
     // Position and scroll of the last change, -1 before the first.
     intptr_t LastEditPosition() const { return lastEditPos_; }
 
- protected:
+protected:
     virtual void OnNotify(const SciLexerNotification &notification);
 
     // What the outside did to the file.
@@ -51,7 +51,7 @@ class CIDEView : public CView {
 
     void resizeEvent(QResizeEvent *event) override;
 
- private:
+private:
     void MapCommands();
     void FillFromFile(const std::string &path);
     void ShowText(const std::string &bytes);

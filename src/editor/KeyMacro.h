@@ -17,7 +17,7 @@ struct CMacroCommand {
 
 // The current macro, kept in the user's settings across runs. Main thread.
 class CKeyMacro {
- public:
+public:
     void Load();
     void Store();  // nothing to do for what Load or Store left there
 
@@ -25,7 +25,7 @@ class CKeyMacro {
     void Append(CMacroCommand command) { commands_.push_back(std::move(command)); }
     const std::vector<CMacroCommand> &Commands() const { return commands_; }
 
- private:
+private:
     std::vector<CMacroCommand> commands_;
     std::vector<CMacroCommand> stored_;  // as the settings have it
 };

@@ -8,7 +8,7 @@
 
 // Main thread.
 class CSciLexer {
- public:
+public:
     // Loads the module from a file in the Windows form. False when it can't be loaded or lacks an export.
     bool Load(const std::string &path);
     void Free();  // no window of the component may be left
@@ -18,7 +18,7 @@ class CSciLexer {
     CSciWindow Create(QWidget *parent, SciLexerNotifyFn *notify = nullptr, void *context = nullptr) const;
     void SetNotify(const CSciWindow &window, SciLexerNotifyFn *notify, void *context) const;
 
- private:
+private:
     CSharedLibrary library_;
     SciLexerCreateFn *create_ = nullptr;
     SciLexerSendFn *send_ = nullptr;

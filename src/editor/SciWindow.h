@@ -11,7 +11,7 @@
 // Copies name the same window, which its Qt parent owns. A handle without a window, or whose window is gone, answers 0
 // to everything. Main thread.
 class CSciWindow {
- public:
+public:
     CSciWindow() = default;
     CSciWindow(QWidget *window, SciLexerSendFn *send) : window_(window), send_(send) {}
 
@@ -29,7 +29,7 @@ class CSciWindow {
     std::string GetLine(intptr_t line) const;  // with its line end
     std::string GetSelectedText() const;
 
- private:
+private:
     QPointer<QWidget> window_;
     SciLexerSendFn *send_ = nullptr;
 };

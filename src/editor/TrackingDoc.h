@@ -6,14 +6,14 @@
 class CFileTracker;
 
 class CTrackingDoc : public CDocument {
- public:
+public:
     explicit CTrackingDoc(CFileTracker &tracker) : tracker_(tracker) {}
 
     void OnCloseDocument() override;
 
- protected:
+protected:
     CFileTracker &Tracker() const { return tracker_; }
 
- private:
+private:
     CFileTracker &tracker_;
 };
