@@ -44,8 +44,8 @@ std::vector<std::string> AskForFilesToAdd(const std::string &project) {
     dialog.multiple = true;
     dialog.filter = workspace.GetFileOpenFilter(project);
     if (dialog.filter.empty()) dialog.filter = kSourceFilter;
-    dialog.defaultExtension =
-        ReadProfileString(kSettings, kLastExtension, GetUserString(kSettings, kLastExtension, "c"), file, kExtensionSize);
+    dialog.defaultExtension = ReadProfileString(kSettings, kLastExtension,
+                                                GetUserString(kSettings, kLastExtension, "c"), file, kExtensionSize);
     dialog.filterIndex =
         GetPrivateProfileIntA(kSettings, kLastFilter, GetUserInt(kSettings, kLastFilter, 1), file.c_str());
     dialog.initialDirectory = StartDirectory(project);

@@ -29,8 +29,7 @@ CBrowserPage::CBrowserPage()
     : systemHeaders_(MakeBox(IDS_USE_SYS_HEADERS, kSystemHeaders)),
       sableHeaders_(MakeBox(IDS_USE_SABLE_HEADERS, kSableHeaders)) {
     setWindowTitle(ToQString(LoadText(IDS_PAGE_BROWSER)));
-    systemHeaders_->setEnabled(
-        WorkspaceOrNone().HasToolGroup({}, static_cast<int>(ToolsuiteGroup::extraBrowse)));
+    systemHeaders_->setEnabled(WorkspaceOrNone().HasToolGroup({}, static_cast<int>(ToolsuiteGroup::extraBrowse)));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(systemHeaders_);
     layout->addWidget(sableHeaders_);

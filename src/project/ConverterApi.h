@@ -1,6 +1,6 @@
-// The file converter interface: a shared object `*.dll` in the program directory that exports both functions below. It is
-// loaded while a file is offered to it and freed afterwards. All calls come on the main thread; paths are in the Windows
-// form; no exception may leave a call.
+// The file converter interface: a shared object `*.dll` in the program directory that exports both functions below. It
+// is loaded while a file is offered to it and freed afterwards. All calls come on the main thread; paths are in the
+// Windows form; no exception may leave a call.
 #pragma once
 
 #include "platform/SharedTypes.h"
@@ -11,8 +11,8 @@ extern "C" {
 // which the user is asked, to be answered with yes or no.
 using ConverterIsSupportedFn = int(const char *file, const char *toolsuite, CString *question);
 
-// Converts `file` in place for `target`. `text` comes with the question; `report` takes lines for the build list. Nonzero
-// on success.
+// Converts `file` in place for `target`. `text` comes with the question; `report` takes lines for the build list.
+// Nonzero on success.
 using ConverterConvertFileFn = int(const char *file, CString *text, CStringList *report, const char *target);
 
 }  // extern "C"

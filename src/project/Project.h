@@ -61,7 +61,7 @@ public:
     bool SetToolsuite(const std::string &name);  // false when no such toolsuite was discovered
     std::string GetToolsuiteName() const;        // empty without a toolsuite
     const boost::shared_ptr<CToolsuite> &GetToolsuite() const { return toolsuite_; }
-    std::string GetCompilerName() const;         // kFallbackCompiler without a toolsuite
+    std::string GetCompilerName() const;  // kFallbackCompiler without a toolsuite
 
     // Configurations; names compare without regard to case.
     boost::shared_ptr<CConfig> FindConfig(const std::string &name) const;
@@ -78,7 +78,7 @@ public:
     void AddFile(const std::string &name);     // nothing when the project has it
     bool RemoveFile(const std::string &name);  // false, writing nothing, when it hasn't
     std::string GetFileFullPath(const std::string &name) const;
-    CStringList GetSourceFiles() const;        // what goes to the toolsuite: relative, quoted where needed
+    CStringList GetSourceFiles() const;  // what goes to the toolsuite: relative, quoted where needed
 
     bool SetActiveDirectory(const std::string &directory);  // false unless it exists
     const std::string &GetActiveDirectory() const { return activeDirectory_; }

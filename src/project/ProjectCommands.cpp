@@ -61,18 +61,27 @@ std::string ClockRateText(long rate) {
 }
 
 CProjectCommands::CProjectCommands() {
-    OnCommand(ID_PROJECT_ADD_FILES, [this] { AddFiles({}); }, EnableWithProject);
-    OnCommand(ID_PROJECT_ADD_NEW_FILE, [this] { AddNewFile({}); }, EnableWithProject);
-    OnCommand(ID_PROJECT_ADD_LIBRARY, [this] { AddSystemLibrary({}); }, EnableWithProject);
-    OnCommand(ID_PROJECT_REMOVE_FILE, [this] { RemoveActiveDocument(); },
-              [this](CCmdUI &ui) { ui.Enable(!ActiveDocumentFile().empty()); });
-    OnCommand(ID_PROJECT_OPTIONS, [this] { ProjectOptions(); }, [](CCmdUI &ui) {
-        EnableWithoutSession(ui);
-        if (!WorkspaceOrNone().HasToolGroup({}, static_cast<int>(ToolsuiteGroup::configure))) ui.Enable(false);
-    });
-    OnCommand(ID_PROJECT_TARGET, [this] { TargetDialog(); }, EnableWithoutSession);
-    OnCommand(ID_PROJECT_COMPILER, [this] { CompilerDialog(); }, EnableWithoutSession);
-    OnCommand(ID_BUILD_OPTIONS, [this] { BuildOptions(); }, EnableWithProject);
+    OnCommand(
+        ID_PROJECT_ADD_FILES, [this] { AddFiles({}); }, EnableWithProject);
+    OnCommand(
+        ID_PROJECT_ADD_NEW_FILE, [this] { AddNewFile({}); }, EnableWithProject);
+    OnCommand(
+        ID_PROJECT_ADD_LIBRARY, [this] { AddSystemLibrary({}); }, EnableWithProject);
+    OnCommand(
+        ID_PROJECT_REMOVE_FILE, [this] { RemoveActiveDocument(); },
+        [this](CCmdUI &ui) { ui.Enable(!ActiveDocumentFile().empty()); });
+    OnCommand(
+        ID_PROJECT_OPTIONS, [this] { ProjectOptions(); },
+        [](CCmdUI &ui) {
+            EnableWithoutSession(ui);
+            if (!WorkspaceOrNone().HasToolGroup({}, static_cast<int>(ToolsuiteGroup::configure))) ui.Enable(false);
+        });
+    OnCommand(
+        ID_PROJECT_TARGET, [this] { TargetDialog(); }, EnableWithoutSession);
+    OnCommand(
+        ID_PROJECT_COMPILER, [this] { CompilerDialog(); }, EnableWithoutSession);
+    OnCommand(
+        ID_BUILD_OPTIONS, [this] { BuildOptions(); }, EnableWithProject);
 }
 
 void CProjectCommands::ShowTarget() {

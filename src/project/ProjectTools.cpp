@@ -55,8 +55,7 @@ bool CProject::IsValidTarget(const std::string &target) {
 
 std::string CProject::GetDefaultTarget() const {
     CString scratch;
-    const std::string target =
-        toolsuite_ ? AskText(toolsuite_->getDefTarget, GetFullPath().c_str(), &scratch) : "";
+    const std::string target = toolsuite_ ? AskText(toolsuite_->getDefTarget, GetFullPath().c_str(), &scratch) : "";
     return target.empty() ? kFallbackTarget : target;
 }
 

@@ -38,9 +38,12 @@ CToolsuite::CToolsuite(const std::string &libraryPath, std::string name)
 
 bool CToolsuite::Has(ToolsuiteGroup group) const {
     switch (group) {
-        case ToolsuiteGroup::configure: return configure != nullptr;
-        case ToolsuiteGroup::extraBrowse: return getExtraBrowse != nullptr;
-        case ToolsuiteGroup::genMake: return genMake != nullptr;
+        case ToolsuiteGroup::configure:
+            return configure != nullptr;
+        case ToolsuiteGroup::extraBrowse:
+            return getExtraBrowse != nullptr;
+        case ToolsuiteGroup::genMake:
+            return genMake != nullptr;
     }
     return false;
 }

@@ -18,8 +18,9 @@ class CMessage;
 // Kinds of workspace; also CIDEApp::WorkspaceKind.
 enum WorkspaceKindValue { kWorkspaceNone = 0, kWorkspaceStandAlone = 1, kWorkspaceMultiple = 2 };
 
-// A project is named by the file name that the workspace stores, or by any other spelling of that file; an empty name is
-// the active project. Nobody keeps a project for longer than one operation. Paths are in the Windows form. Main thread.
+// A project is named by the file name that the workspace stores, or by any other spelling of that file; an empty name
+// is the active project. Nobody keeps a project for longer than one operation. Paths are in the Windows form. Main
+// thread.
 class CWorkspace : public CFilePath {
 public:
     explicit CWorkspace(const char *path = nullptr);
@@ -44,8 +45,8 @@ public:
     std::string ProjectFullPath(const std::string &name) const;
     void SetActiveConfig(const std::string &config);  // in every project that has it
 
-    // Runs `operation` on the project, with the workspace's directory as current directory; `neutral` is the answer when
-    // there is no such project. Every call below goes this way.
+    // Runs `operation` on the project, with the workspace's directory as current directory; `neutral` is the answer
+    // when there is no such project. Every call below goes this way.
     template <class Result, class Operation>
     Result Call(const std::string &project, Result neutral, Operation operation) const {
         const boost::shared_ptr<CProject> found = FindProject(project);

@@ -197,13 +197,11 @@ bool Owns(const CProject &project, const CConfig *config) {
 }  // namespace
 
 std::string CWorkspace::GetConfigName(const CConfig *config) const {
-    return Call({}, std::string(), [config](CProject &found) {
-        return Owns(found, config) ? config->GetName() : std::string();
-    });
+    return Call({}, std::string(),
+                [config](CProject &found) { return Owns(found, config) ? config->GetName() : std::string(); });
 }
 
 std::string CWorkspace::GetConfigDir(const CConfig *config) const {
-    return Call({}, std::string(), [config](CProject &found) {
-        return Owns(found, config) ? config->GetOutputDir() : std::string();
-    });
+    return Call({}, std::string(),
+                [config](CProject &found) { return Owns(found, config) ? config->GetOutputDir() : std::string(); });
 }

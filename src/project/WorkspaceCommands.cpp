@@ -67,8 +67,7 @@ CWorkspaceCommands::CWorkspaceCommands(CWorkspaceController &controller) : contr
 }
 
 void CWorkspaceCommands::MapWorkspaceCommands() {
-    OnCommand(ID_WORKSPACE_NEW,
-              [this] { CIDEApp::Get().ReplayCommand(ID_WORKSPACE_NEW, [this] { NewWorkspace(); }); });
+    OnCommand(ID_WORKSPACE_NEW, [this] { CIDEApp::Get().ReplayCommand(ID_WORKSPACE_NEW, [this] { NewWorkspace(); }); });
     OnCommand(ID_WORKSPACE_OPEN,
               [this] { CIDEApp::Get().ReplayCommand(ID_WORKSPACE_OPEN, [this] { OpenWorkspaceOrProject(); }); });
     OnCommand(
@@ -79,8 +78,9 @@ void CWorkspaceCommands::MapWorkspaceCommands() {
         ID_PROJECT_ADD_EXISTING,
         [this] { CIDEApp::Get().ReplayCommand(ID_PROJECT_ADD_EXISTING, [this] { AddExistingProjects(); }); },
         [](CCmdUI &ui) { ui.Enable(IsMultiple()); });
-    OnCommand(ID_PROJECT_REMOVE, [this] { RemoveActiveProject(); },
-              [](CCmdUI &ui) { ui.Enable(IsMultiple() && WorkspaceOrNone().GetActiveProject()); });
+    OnCommand(
+        ID_PROJECT_REMOVE, [this] { RemoveActiveProject(); },
+        [](CCmdUI &ui) { ui.Enable(IsMultiple() && WorkspaceOrNone().GetActiveProject()); });
 }
 
 void CWorkspaceCommands::MapProjectCommands() {
@@ -98,7 +98,8 @@ void CWorkspaceCommands::MapProjectCommands() {
     for (const auto &[command, twin, operation, intoWorkspace] : commands) {
         const Run run = [this, operation = operation] { (this->*operation)(); };
         const Update update = [into = intoWorkspace](CCmdUI &ui) { ui.Enable(!into || IsMultiple()); };
-        OnCommand(command, [run, twin = twin] { CIDEApp::Get().ReplayCommand(twin, run); }, update);
+        OnCommand(
+            command, [run, twin = twin] { CIDEApp::Get().ReplayCommand(twin, run); }, update);
         OnCommand(twin, run, update);
     }
 }

@@ -162,7 +162,8 @@ bool CWorkspaceController::CreateProjectInto(const std::string &path, const std:
 void CWorkspaceController::ShowLabels(bool multiple) {
     CMainFrame &frame = Frame();
     frame.SetStatusText(kPaneWorkspace, multiple ? LoadText(IDS_LABEL_WORKSPACE) : "Project");
-    frame.WorkspaceBar().SetTitle(multiple ? "Workspace - Multiple Project Mode" : "Workspace - Stand Alone Project Mode");
+    frame.WorkspaceBar().SetTitle(multiple ? "Workspace - Multiple Project Mode"
+                                           : "Workspace - Stand Alone Project Mode");
 }
 
 void CWorkspaceController::ShowNothing() {

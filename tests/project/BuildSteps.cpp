@@ -2,5 +2,9 @@
 #include "build/Message.h"
 #include "build/TextPostProcessMessage.h"
 
-bool CMessage::PostProcess() { return true; }
-bool CTextPostProcessMessage::PostProcess() { return true; }
+bool CMessage::PostProcess() {
+    return true;
+}
+bool CTextPostProcessMessage::PostProcess() {
+    return true;
+}

@@ -9,6 +9,8 @@
 #include "platform/Profile.h"
 #include "project/Config.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 using ProjectTest = ModelTest;
@@ -47,10 +49,12 @@ TEST_F(ProjectTest, LoadSortsTheFileListAndDropsDoubles) {
         Names expected;
         const char *onDisk;  // lines that the file must hold afterwards
     } const cases[] = {
-        {"Count=3\r\nFile0=z.c\r\nFile1=\r\nFile2=a.c\r\n", {"a.c", "z.c"},
+        {"Count=3\r\nFile0=z.c\r\nFile1=\r\nFile2=a.c\r\n",
+         {"a.c", "z.c"},
          "Count=2\r\nFile0=a.c\r\nFile1=z.c\r\nFile2=a.c\r\n"},
         {"Count=2\r\nFile0=b.c\r\nFile1=B.c\r\n", {"B.c"}, "Count=1\r\nFile0=B.c\r\nFile1=B.c\r\n"},
-        {"Count=4\r\nFile0=a.c\r\nFile1=./a.c\r\nFile2=A.C\r\nFile3=sub/a.c\r\n", {"./a.c", "sub/a.c"},
+        {"Count=4\r\nFile0=a.c\r\nFile1=./a.c\r\nFile2=A.C\r\nFile3=sub/a.c\r\n",
+         {"./a.c", "sub/a.c"},
          "Count=2\r\nFile0=./a.c\r\nFile1=sub/a.c\r\nFile2=A.C\r\n"},
         {"Count=1\r\nFile0=..\\lib\\x.lib\r\n", {"..\\lib\\x.lib"}, "Count=1\r\nFile0=..\\lib\\x.lib\r\n"},
         {"Count=1\r\nFile0=d:\\other\\x.c\r\n", {"d:\\other\\x.c"}, "File0=d:\\other\\x.c\r\n"},
@@ -75,7 +79,9 @@ TEST_F(ProjectTest, AFileThatCannotBeLoadedStaysAsItIs) {
         {"[Settings]\nTarget=X\n", Reason::toolsuiteMissing, ""},
         {"", Reason::toolsuiteMissing, ""},
         {"[Settings]\nActive Compiler = Recorder\nActive Config=Speed\n", Reason::configurationUnknown, "Speed"},
-        {std::string("\x7f" "ELF\0\0[Settings]\nActive Compiler=Recorder\n", 40), Reason::notAProject, ""},
+        {"\x7f"
+         "ELF\0\0[Settings]\nActive Compiler=Recorder\n"s,
+         Reason::notAProject, ""},
         {"#include <x.h>\nint main() { return a[0]; }\n", Reason::notAProject, ""},
     };
     for (const auto &c : cases) {
@@ -93,9 +99,9 @@ TEST_F(ProjectTest, AFileThatCannotBeLoadedStaysAsItIs) {
 }
 
 TEST_F(ProjectTest, SettingsAreReadAndSavedUnderTheirRules) {
-    const std::string path = WriteProject("p.__c", "Count=1\r\nFile0=a.c\r\n",
-                                          "Active Config=rELEASE\r\nActive Directory=" + Path("gone") +
-                                              "\r\nTarget=NoSuchChip\r\n");
+    const std::string path =
+        WriteProject("p.__c", "Count=1\r\nFile0=a.c\r\n",
+                     "Active Config=rELEASE\r\nActive Directory=" + Path("gone") + "\r\nTarget=NoSuchChip\r\n");
     CProject project(path);
     ASSERT_TRUE(project.Load());
     EXPECT_EQ(project.GetActiveConfigName(), "Release");
@@ -121,9 +127,9 @@ TEST_F(ProjectTest, NamesOfOneFileAreOneEntry) {
         std::string name;
         bool has;
     } const cases[] = {
-        {Path("lib/x.lib"), true},       {"../LIB/x.lib", true},    {"src/m.c", true}, {".\\SRC\\M.C", true},
-        {"src\\..\\src\\m.c", true},     {"\"src\\m.c\"", true},    {"m.c", false},    {"lib\\x.lib", false},
-        {"c:" + Path("w/src/m.c"), false}, {".other", false},       {".HIDDEN", true},
+        {Path("lib/x.lib"), true},         {"../LIB/x.lib", true}, {"src/m.c", true}, {".\\SRC\\M.C", true},
+        {"src\\..\\src\\m.c", true},       {"\"src\\m.c\"", true}, {"m.c", false},    {"lib\\x.lib", false},
+        {"c:" + Path("w/src/m.c"), false}, {".other", false},      {".HIDDEN", true},
     };
     for (const auto &c : cases) EXPECT_EQ(project.HasFile(c.name), c.has) << c.name;
     EXPECT_NE(Read("w/p.__c").find("Count=3\r\nFile0=..\\lib\\x.lib\r\nFile1=src\\m.c\r\n"), std::string::npos)
@@ -175,8 +181,8 @@ TEST_F(ProjectTest, OnlySourcesGoToTheToolsuite) {
     for (const std::string name : {"a.C", "b.h", "my file.asm", "l.lst", "x.lib", "readme", "e.cxx", "p.pas", "q.bas"})
         project.AddFile(name);
     project.AddFile(Path("sub/deep.c"));
-    EXPECT_EQ(project.GetSourceFiles(), (CStringList{"a.C", "\"my file.asm\"", "x.lib", "e.cxx", "p.pas", "q.bas",
-                                                     "sub\\deep.c"}));
+    EXPECT_EQ(project.GetSourceFiles(),
+              (CStringList{"a.C", "\"my file.asm\"", "x.lib", "e.cxx", "p.pas", "q.bas", "sub\\deep.c"}));
 }
 
 TEST_F(ProjectTest, GenMakeWritesTheMakefileAndGivesItsStep) {

@@ -54,7 +54,8 @@ TEST_F(WorkspaceTest, LoadsWholeOrNotAtAll) {
 }
 
 TEST_F(WorkspaceTest, ABinaryWorkspaceFileIsRefusedAndKept) {
-    const std::string body("PK\3\4\0\0[Workspace]\nCount=0\n", 31);
+    using namespace std::string_literals;
+    const std::string body = "PK\3\4\0\0[Workspace]\nCount=0\n"s;
     Write("w/all.__w", body);
     CWorkspace workspace;
     EXPECT_FALSE(workspace.Load(Path("w/all.__w").c_str()));
@@ -106,8 +107,9 @@ TEST_F(WorkspaceTest, SaveWritesTheListInTheOldPlaceOfKeys) {
     workspace.RemoveProject("one.__c");
     workspace.SetActiveProject("..\\two\\two.__c");
     workspace.Save();
-    EXPECT_EQ(Read("w/all.__w"), "[Workspace]\r\n; mine\r\nCount=1\r\nActive=0\r\nProj0=..\\two\\two.__c\r\n"
-                                 "Proj1=..\\two\\two.__c\r\nProj2=one.__c\r\n");
+    EXPECT_EQ(Read("w/all.__w"),
+              "[Workspace]\r\n; mine\r\nCount=1\r\nActive=0\r\nProj0=..\\two\\two.__c\r\n"
+              "Proj1=..\\two\\two.__c\r\nProj2=one.__c\r\n");
 }
 
 TEST_F(WorkspaceTest, AStandAloneProjectGivesItsPlaceToTheNext) {
