@@ -1,0 +1,14 @@
+// Places in a source that an object keeps no line of: what reserves data memory, and declarations.
+//
+// `file` is a native path. Words compare without regard to case. The empty optional when the file holds no such line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The line that opens `section` ("udata", "name code 0x10"; the name may be the default one, ".udata").
+std::optional<int> FindSectionDirective(const std::string &file, std::string_view section);
+std::optional<int> FindLabel(const std::string &file, std::string_view label);    // in the first column
+std::optional<int> FindWord(const std::string &file, std::string_view word);      // anywhere outside comments
+int CountLines(const std::string &file);  // at least 1
