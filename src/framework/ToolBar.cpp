@@ -65,7 +65,7 @@ void CXTToolBar::LoadToolBar(int resource) {
             addAction(action);
         }
     }
-    UpdateCommandUI();
+    if (isVisible()) UpdateCommandUI();
 }
 
 QAction *CXTToolBar::FindButton(int command) const {
