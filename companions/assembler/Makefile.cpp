@@ -29,6 +29,16 @@ std::string ImageWords(const Words &files) {
     return words;
 }
 
+// A recipe's words as the value of a variable, where a "#" begins a comment even between quotes.
+std::string VariableValue(const std::string &words) {
+    std::string value;
+    for (const char c : words) {
+        if (c == '#') value += '\\';
+        value += c;
+    }
+    return value;
+}
+
 // Names a set of options: a file of this name stands for the options with which the last build was made.
 std::string Stamp(const BuildPlan &plan, const char *job, const std::string &options) {
     uint64_t hash = 14695981039346656037u;
@@ -91,7 +101,8 @@ private:
     void WriteHead() {
         text_ += kMakeDefinitions;
         Line("MAKEFLAGS += --no-builtin-rules");
-        Line("ASMTOOL := " + RecipeWord(ToNativePath(ProgramFile("asmtool.exe"))));
+        Line("ASMTOOL := " + VariableValue(RecipeWord(ToNativePath(ProgramFile("asmtool.exe")))));
+        Line("IMAGES :=" + VariableValue(ImageWords(results_)));
         Line(".SUFFIXES:");
         Line(".DELETE_ON_ERROR:");
         Line(".PHONY: all clean assemble link library disassemble usage");
@@ -132,11 +143,11 @@ private:
                                  " --source " + RecipeWord(source.source) + " --processor " +
                                  RecipeWord(plan_.device.processor);
             if (!source.listing.empty()) recipe += " --listing " + source.listing;
-            Line(recipe + ImageWords(results_) + " -- " + Recipe(words));
+            Line(recipe + " $(IMAGES) -- " + Recipe(words));
             // Never made; the rule tells of a source that isn't there.
             Line(Target(source.source) + ":");
             Line("\t@test -e " + RecipeWord(source.source) + " || $(ASMTOOL) missing --source " +
-                 RecipeWord(source.source) + ImageWords(results_));
+                 RecipeWord(source.source) + " $(IMAGES)");
             Line("-include " + source.rules);
         }
         Line("");
@@ -168,7 +179,7 @@ private:
         for (const std::string &file : files) {
             Line(Target(file) + ":");
             Line("\t@test -e " + RecipeWord(file) + " || $(ASMTOOL) missing --source " + RecipeWord(file) +
-                 ImageWords(results_));
+                 " $(IMAGES)");
         }
     }
 

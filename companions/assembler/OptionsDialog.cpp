@@ -122,7 +122,9 @@ QWidget *COptionsDialog::MakeLinkerPage() {
     auto *page = new QWidget;
     auto *form = new QFormLayout(page);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    form->addRow(tr("Linker &script:"), script);
+    auto *label = new QLabel(tr("Linker &script:"));
+    label->setBuddy(linkerScript_);
+    form->addRow(label, script);
     form->addRow(tr("Further &options:"), linkerExtra_);
     return page;
 }

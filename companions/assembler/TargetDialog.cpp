@@ -42,8 +42,8 @@ CTargetDialog::CTargetDialog(const std::string &target, QWidget *parent)
     search_->installEventFilter(this);
 
     tree_->setHeaderLabels({tr("Device"), tr("Program memory"), tr("EEPROM")});
+    for (const int column : {1, 2}) tree_->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     tree_->setUniformRowHeights(true);
-    tree_->setAlternatingRowColors(true);
     tree_->setIndentation(16);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     ok_ = buttons->button(QDialogButtonBox::Ok);
@@ -55,8 +55,10 @@ CTargetDialog::CTargetDialog(const std::string &target, QWidget *parent)
     Fill();
     tree_->header()->setStretchLastSection(false);
     tree_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    tree_->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    tree_->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
+    for (const int column : {1, 2}) {
+        tree_->header()->setSectionResizeMode(column, QHeaderView::Fixed);
+        tree_->setColumnWidth(column, fontMetrics().horizontalAdvance(tree_->headerItem()->text(1)) + 32);
+    }
     resize(fontMetrics().averageCharWidth() * 78, fontMetrics().height() * 30);
 
     if (const Device *device = FindDevice(target)) {

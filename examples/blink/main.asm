@@ -21,8 +21,7 @@
 ticks_left  res     1                       ; ticks until the LED changes
 
 ; The chip starts at address 0 and finds a jump there: the interrupt's code lies at address 4.
-reset       code    0x0000
-            pagesel main
+start       code    0x0000
             goto    main
 
 main_code   code

@@ -21,7 +21,7 @@
 delay_low   res     1
 delay_high  res     1
 
-reset       code    0x0000
+start       code    0x0000
             goto    main
 
 main_code   code

@@ -3,12 +3,13 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
-#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "platform/NativePath.h"
 #include "platform/Profile.h"
@@ -47,11 +48,9 @@ CScratchProject::~CScratchProject() {
 }
 
 void CScratchProject::Write(const std::string &name, const std::string &text) {
-    static std::atomic<int> age = 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));  // behind what a build has just left
     fs::create_directories(fs::path(Path(name)).parent_path());
     std::ofstream(Path(name), std::ios::binary) << text;
-    // Far enough apart for make, and behind what a build has just left.
-    fs::last_write_time(Path(name), fs::file_time_type::clock::now() + std::chrono::milliseconds(20 * ++age % 200));
 }
 
 std::string CScratchProject::Read(const std::string &name) const {

@@ -6,7 +6,6 @@
 
 #include "LinkPlaces.h"
 #include "SourceScan.h"
-#include "platform/FileText.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
@@ -69,6 +68,22 @@ bool FitsInFront(std::string_view name) {
     return true;
 }
 
+// The name in "Error[105] Cannot open file. Include file "x.inc" not found."; empty for another message.
+std::string MissingInclude(std::string_view text) {
+    constexpr std::string_view words = "Include file \"";
+    const size_t begin = text.find(words);
+    if (!text.starts_with("Error[105]") || begin == std::string_view::npos) return {};
+    const size_t end = text.find('"', begin + words.size());
+    if (end == std::string_view::npos) return {};
+    return std::string(text.substr(begin + words.size(), end - begin - words.size()));
+}
+
+// The assembler is a line ahead when it misses an include.
+int LineOfInclude(std::string_view file, int line, const std::string &include) {
+    if (include.empty() || line < 2) return line;
+    return ReadLine(std::string(file), line - 1).find(include) != std::string::npos ? line - 1 : line;
+}
+
 }  // namespace
 
 std::vector<std::string> CMessageRewriter::Rewrite(std::string_view line) {
@@ -78,7 +93,8 @@ std::vector<std::string> CMessageRewriter::Rewrite(std::string_view line) {
         if (placed.text.starts_with("Error")) sawError_ = true;
         if (placed.text.starts_with(kSuperseded) && NamesTheSameProcessor(placed.file, placed.line)) return out;
         const std::string text = Tidy(placed.text, KindLength(placed.text));
-        WriteMessage(out, placed.file, placed.line, text + HintForMissingInclude(text));
+        const std::string include = MissingInclude(text);
+        WriteMessage(out, placed.file, LineOfInclude(placed.file, placed.line, include), text + HintFor(include));
         return out;
     }
     if (const size_t length = KindLength(line); length > 0 && line[length - 1] == ']') {
@@ -119,37 +135,27 @@ void CMessageRewriter::RewriteLinkMessage(std::vector<std::string> &out, const s
     const std::vector<SourcePlace> places = FindLinkPlaces(text, context_.objects);
     if (places.empty()) out.push_back(kind + std::string(text));
     for (size_t i = 0; i < places.size(); ++i)
-        WriteMessage(out, places[i].file, places[i].line, kind + (i == 0 ? std::string(text) : "the other place is here"));
+        WriteMessage(out, places[i].file, places[i].line, kind + (i == 0 ? std::string(text) : "The other place is here."));
 }
 
 // A source that names its processor for other tools says nothing new: the project's target is that one too.
 bool CMessageRewriter::NamesTheSameProcessor(std::string_view file, int line) const {
     std::string_view device = context_.processor;
     if (device.starts_with('p')) device.remove_prefix(1);
-    if (device.empty()) return false;
-    const std::optional<std::string> text = ReadWholeFile(FromNativePath(file));
-    if (!text) return false;
-    size_t begin = 0;
-    for (int i = 1; i < line && begin < text->size(); ++i) begin = std::min(text->find('\n', begin), text->size() - 1) + 1;
-    const std::string words = LowerCase(std::string_view(*text).substr(begin, text->find('\n', begin) - begin));
-    const size_t found = words.find(device);
-    return found != std::string::npos &&
-           (found + device.size() == words.size() || !std::isalnum(static_cast<unsigned char>(words[found + device.size()])));
+    const std::string words = LowerCase(ReadLine(std::string(file), line));
+    const size_t found = device.empty() ? std::string::npos : words.find(device);
+    if (found == std::string::npos) return false;
+    const size_t end = found + device.size();
+    return end == words.size() || !std::isalnum(static_cast<unsigned char>(words[end]));
 }
 
 // Names of includes are told apart by case, and have slashes; a file that differs in nothing else is worth a word.
-std::string CMessageRewriter::HintForMissingInclude(std::string_view text) const {
-    constexpr std::string_view words = "Include file \"";
-    const size_t begin = text.find(words);
-    if (!text.starts_with("Error[105]") || begin == std::string_view::npos) return {};
-    const size_t end = text.find('"', begin + words.size());
-    if (end == std::string_view::npos) return {};
-    const std::string name(text.substr(begin + words.size(), end - begin - words.size()));
-
+std::string CMessageRewriter::HintFor(const std::string &include) const {
+    if (include.empty()) return {};
     std::vector<std::string> directories = {""};
     for (const std::string &directory : context_.includes) directories.push_back(directory + "/");
     for (const std::string &directory : directories) {
-        const std::string found = ToNativePath(FromNativePath(directory) + name);
+        const std::string found = ToNativePath(FromNativePath(directory) + include);
         std::error_code error;
         if (!found.starts_with(directory) || !std::filesystem::is_regular_file(found, error)) continue;
         return " The file is spelled \"" + found.substr(directory.size()) + "\".";

@@ -32,7 +32,7 @@ private:
     void WriteMessage(std::vector<std::string> &out, std::string_view file, int line, const std::string &text);
     void RewriteLinkMessage(std::vector<std::string> &out, const std::string &kind, std::string_view text);
     bool NamesTheSameProcessor(std::string_view file, int line) const;
-    std::string HintForMissingInclude(std::string_view text) const;
+    std::string HintFor(const std::string &include) const;
 
     Context context_;
     bool sawError_ = false;

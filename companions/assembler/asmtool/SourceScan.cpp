@@ -1,7 +1,7 @@
 #include "SourceScan.h"
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "platform/FileText.h"
@@ -76,6 +76,18 @@ std::optional<int> FindWord(const std::string &file, std::string_view word) {
     return FindLine(file, [&](const std::vector<std::string_view> &words) {
         return std::any_of(words.begin(), words.end(), [&](std::string_view w) { return EqualNoCase(w, word); });
     });
+}
+
+std::string ReadLine(const std::string &file, int line) {
+    const std::optional<std::string> text = ReadWholeFile(FromNativePath(file));
+    if (!text) return {};
+    size_t begin = 0;
+    for (int number = 1; number < line; ++number) {
+        begin = text->find('\n', begin);
+        if (begin == std::string::npos) return {};
+        ++begin;
+    }
+    return text->substr(begin, text->find('\n', begin) - begin);
 }
 
 int CountLines(const std::string &file) {
