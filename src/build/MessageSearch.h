@@ -26,7 +26,7 @@ public:
     const MessagePlace &FoundPlace() const { return found_; }
 
 private:
-    static constexpr size_t kMostAnswersKept = 65536;
+    static constexpr size_t kMostAnswersKept = 8192;  // few enough to be forgotten in one go
 
     enum class Verdict { message, noMessage, undecided };
 

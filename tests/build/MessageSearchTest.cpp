@@ -1,6 +1,7 @@
 #include "build/MessageSearch.h"
 
 #include <gtest/gtest.h>
+#include <time.h>
 
 #include <algorithm>
 #include <chrono>
@@ -91,17 +92,23 @@ TEST(MessageSearch, AsksForEachNameOnce) {
     EXPECT_LE(list.tests, 3);
 }
 
+// Of this thread, so that other work of the machine doesn't count.
+std::chrono::microseconds ProcessorTime() {
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::microseconds(now.tv_nsec / 1000);
+}
+
 TEST(MessageSearch, KeepsToItsTimeWithAMillionLines) {
     List list;
     for (int i = 0; i < 1'000'000; ++i) list.lines.push_back("line " + std::to_string(i) + ": text (of no file) here");
     MessageSearch search = list.Search(-1);
     State state;
-    auto longest = 0ms;
+    auto longest = 0us;
     do {
-        const auto start = std::chrono::steady_clock::now();
+        const auto start = ProcessorTime();
         state = search.Run(10ms);
-        longest = std::max(longest, std::chrono::duration_cast<std::chrono::milliseconds>(
-                                        std::chrono::steady_clock::now() - start));
+        longest = std::max(longest, ProcessorTime() - start);
     } while (state == State::searching);
     EXPECT_EQ(state, State::nothing);
     EXPECT_LT(longest, 50ms);
