@@ -19,7 +19,8 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
         const QPalette palette = QApplication::palette();
-        const QColor ink = palette.color(QPalette::Active, QPalette::WindowText);
+        const QColor ink = palette.color(
+            QPalette::Active, mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
         QByteArray drawing = drawing_;
         drawing.replace("currentColor", ink.name().toLatin1());
         QSvgRenderer renderer(drawing);

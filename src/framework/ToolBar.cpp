@@ -31,7 +31,6 @@ QToolButton *MakeDropDown(QAction *action, QMenu *menu) {
 }  // namespace
 
 void CXTToolBar::LoadToolBar(int resource) {
-    if (resource == resource_) return;
     for (QAction *action : actions()) {
         if (action->data().isValid() && box_)
             if (QWidget *box = box_(action->data().toInt())) box->setParent(this);  // outlives its place
