@@ -17,8 +17,8 @@
 #include "platform/FileText.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
-#include "platform/ProgramDirectory.h"
 #include "platform/Profile.h"
+#include "platform/ProgramDirectory.h"
 #include "project/ToolsuiteApi.h"
 
 #define TOOL_EXPORT extern "C" [[gnu::visibility("default")]]
@@ -110,10 +110,12 @@ TOOL_EXPORT int toolGetToolName(CString *name) {
 }
 CHECK_EXPORT(toolGetToolName, ToolGetToolNameFn);
 
-TOOL_EXPORT int toolConfigure(const char *project, const char *config, QWidget *parent, QWidget **pages, int pageCount) {
+TOOL_EXPORT int toolConfigure(const char *project, const char *config, QWidget *parent, QWidget **pages,
+                              int pageCount) {
     return Guarded(0, [&] {
-        COptionsDialog dialog(LoadOptions(project, config), ConfigurationName(project, config), OptionsDirectory(project),
-                              std::span(pages, pages ? static_cast<size_t>(pageCount) : 0), parent);
+        COptionsDialog dialog(LoadOptions(project, config), ConfigurationName(project, config),
+                              OptionsDirectory(project), std::span(pages, pages ? static_cast<size_t>(pageCount) : 0),
+                              parent);
         if (dialog.exec() != QDialog::Accepted) return 0;
         return SaveOptions(dialog.Result(), config) ? 1 : 0;
     });
@@ -140,10 +142,14 @@ TOOL_EXPORT int toolIsValidTarget(const char *, const char *target) {
 }
 CHECK_EXPORT(toolIsValidTarget, ToolIsValidTargetFn);
 
-TOOL_EXPORT const char *toolGetDefTarget(const char *, CString *) { return kDefaultTarget; }
+TOOL_EXPORT const char *toolGetDefTarget(const char *, CString *) {
+    return kDefaultTarget;
+}
 CHECK_EXPORT(toolGetDefTarget, ToolGetDefTargetFn);
 
-TOOL_EXPORT int16_t toolGetToolsNumber() { return kStepCount; }
+TOOL_EXPORT int16_t toolGetToolsNumber() {
+    return kStepCount;
+}
 CHECK_EXPORT(toolGetToolsNumber, ToolGetToolsNumberFn);
 
 TOOL_EXPORT void toolSetActive(int step, int active, int, const char *project) {
@@ -165,16 +171,24 @@ TOOL_EXPORT const char *toolGetToolActionName(int step) {
 }
 CHECK_EXPORT(toolGetToolActionName, ToolGetToolActionNameFn);
 
-TOOL_EXPORT const char *toolGetQuickProjectFilter() { return kSourceFilter; }
+TOOL_EXPORT const char *toolGetQuickProjectFilter() {
+    return kSourceFilter;
+}
 CHECK_EXPORT(toolGetQuickProjectFilter, ToolGetQuickProjectFilterFn);
 
-TOOL_EXPORT const char *toolGetFilterName() { return "Asm Files (*.asm)"; }
+TOOL_EXPORT const char *toolGetFilterName() {
+    return "Asm Files (*.asm)";
+}
 CHECK_EXPORT(toolGetFilterName, ToolGetFilterNameFn);
 
-TOOL_EXPORT const char *toolGetFilterExt() { return ".asm"; }
+TOOL_EXPORT const char *toolGetFilterExt() {
+    return ".asm";
+}
 CHECK_EXPORT(toolGetFilterExt, ToolGetFilterExtFn);
 
-TOOL_EXPORT const char *toolGetHeaderExt() { return ".inc"; }
+TOOL_EXPORT const char *toolGetHeaderExt() {
+    return ".inc";
+}
 CHECK_EXPORT(toolGetHeaderExt, ToolGetHeaderExtFn);
 
 TOOL_EXPORT const char *toolEmptyHdrContent(const char *title) {
@@ -296,5 +310,7 @@ TOOL_EXPORT int toolGetKeywords(int kind, CString *keywords) {
 }
 CHECK_EXPORT(toolGetKeywords, ToolGetKeywordsFn);
 
-TOOL_EXPORT int toolSupportedCodeWindowType(int) { return 0; }
+TOOL_EXPORT int toolSupportedCodeWindowType(int) {
+    return 0;
+}
 CHECK_EXPORT(toolSupportedCodeWindowType, ToolSupportedCodeWindowTypeFn);

@@ -17,10 +17,10 @@ struct PlannedSource {
 };
 
 struct BuildPlan {
-    std::string directory;     // the project's, native
+    std::string directory;        // the project's, native
     std::string outputDirectory;  // "Debug"
-    std::string image;         // "Debug/title", without extension
-    std::string stamp;         // "Debug/title" in characters that need no quotes
+    std::string image;            // "Debug/title", without extension
+    std::string stamp;            // "Debug/title" in characters that need no quotes
     std::vector<PlannedSource> sources;
     std::vector<std::string> libraries;
     std::vector<std::string> includePaths;

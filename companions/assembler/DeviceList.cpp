@@ -36,8 +36,9 @@ std::string OutputOf(const std::vector<std::string> &words) {
 }
 
 std::string WithoutPrefix(const std::string &processor) {
-    return processor.size() > 1 && processor[0] == 'p' && processor[1] >= '0' && processor[1] <= '9' ? processor.substr(1)
-                                                                                                   : processor;
+    return processor.size() > 1 && processor[0] == 'p' && processor[1] >= '0' && processor[1] <= '9'
+               ? processor.substr(1)
+               : processor;
 }
 
 std::string UserName(const std::string &processor) {
@@ -111,7 +112,9 @@ const DeviceTable &Table() {
 
 }  // namespace
 
-const std::vector<Device> &Devices() { return Table().devices; }
+const std::vector<Device> &Devices() {
+    return Table().devices;
+}
 
 const Device *FindDevice(const std::string &target) {
     const DeviceTable &table = Table();

@@ -6,12 +6,12 @@
 #include <vector>
 
 struct Device {
-    std::string processor;    // as gpasm is told: "p16f628a"
-    std::string name;         // as projects and users spell it: "PIC16F628A"
-    std::string family;       // gpasm's class: "PIC14"; empty when gpasm lists no properties
+    std::string processor;     // as gpasm is told: "p16f628a"
+    std::string name;          // as projects and users spell it: "PIC16F628A"
+    std::string family;        // gpasm's class: "PIC14"; empty when gpasm lists no properties
     uint32_t programSize = 0;  // words, or bytes when `countsBytes`
     bool countsBytes = false;
-    uint32_t eepromSize = 0;   // bytes
+    uint32_t eepromSize = 0;  // bytes
     uint32_t lastDataAddress = 0;
 };
 

@@ -3,7 +3,8 @@
 const char *AssemblerKeywords() {
     return
         // 12 and 14 bits
-        "addwf andlw andwf bcf bsf btfsc btfss call clrf clrw clrwdt comf decf decfsz goto incf incfsz iorlw iorwf movf "
+        "addwf andlw andwf bcf bsf btfsc btfss call clrf clrw clrwdt comf decf decfsz goto incf incfsz iorlw iorwf "
+        "movf "
         "movlw movwf nop option retlw rlf rrf sleep subwf swapf tris xorlw xorwf addlw sublw retfie return "
         // enhanced
         "addfsr addwfc asrf bra brw callw lslf lsrf movlb movlp moviw movwi reset subwfb halt "

@@ -52,7 +52,8 @@ void CListEdit::SetItems(const std::vector<std::string> &items) {
 std::vector<std::string> CListEdit::Items() const {
     std::vector<std::string> items;
     for (int row = 0; row < list_->count(); ++row)
-        if (const QString text = list_->item(row)->text().trimmed(); !text.isEmpty()) items.push_back(text.toStdString());
+        if (const QString text = list_->item(row)->text().trimmed(); !text.isEmpty())
+            items.push_back(text.toStdString());
     return items;
 }
 

@@ -12,8 +12,8 @@ class QPushButton;
 class CListEdit : public QWidget {
     Q_OBJECT
 public:
-    // `browse`: gives a text chosen by the user, empty for none; without it the list has no such button. `hint` is shown
-    // while the list is empty.
+    // `browse`: gives a text chosen by the user, empty for none; without it the list has no such button. `hint` is
+    // shown while the list is empty.
     CListEdit(const QString &hint, std::function<QString()> browse, QWidget *parent = nullptr);
 
     void SetItems(const std::vector<std::string> &items);

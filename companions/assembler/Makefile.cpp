@@ -20,8 +20,12 @@ std::string Recipe(const Words &words) {
     return line;
 }
 
-std::string Target(const std::string &file) { return MakeWord(file, MakeRole::target); }
-std::string Prerequisite(const std::string &file) { return MakeWord(file, MakeRole::prerequisite); }
+std::string Target(const std::string &file) {
+    return MakeWord(file, MakeRole::target);
+}
+std::string Prerequisite(const std::string &file) {
+    return MakeWord(file, MakeRole::prerequisite);
+}
 
 std::string ImageWords(const Words &files) {
     std::string words;
@@ -75,8 +79,10 @@ private:
         results_.push_back(plan_.Image(".lib"));
         results_.push_back(plan_.Image(".dis"));
 
-        assemble_ = {"gpasm", "-c", "-p", plan_.device.processor, "-r", RadixName(plan_.options.radix), "-w",
-                     std::to_string(static_cast<int>(plan_.options.messages))};
+        assemble_ = {"gpasm", "-c",
+                     "-p",    plan_.device.processor,
+                     "-r",    RadixName(plan_.options.radix),
+                     "-w",    std::to_string(static_cast<int>(plan_.options.messages))};
         if (plan_.options.ignoreCase) assemble_.push_back("-i");
         for (const std::string &define : plan_.options.defines) assemble_.insert(assemble_.end(), {"-D", define});
         for (const std::string &word : SplitCommandLine(plan_.options.assemblerExtra)) assemble_.push_back(word);
@@ -219,8 +225,8 @@ private:
         Line("clean:");
         for (size_t begin = 0; begin < files.size(); begin += kFilesPerRemoval) {
             const auto first = files.begin() + static_cast<std::ptrdiff_t>(begin);
-            Line("\t@rm -f " + Recipe(Words(first, files.begin() + static_cast<std::ptrdiff_t>(
-                                                                       std::min(begin + kFilesPerRemoval, files.size())))));
+            Line("\t@rm -f " + Recipe(Words(first, files.begin() + static_cast<std::ptrdiff_t>(std::min(
+                                                                       begin + kFilesPerRemoval, files.size())))));
         }
         Line("\t@rm -f " + plan_.stamp + ".assemble-*.options " + plan_.stamp + ".link-*.options");
     }

@@ -15,24 +15,33 @@ std::string AsName(const std::string &title) {
 
 std::string NewSourceText(const std::string &title, const std::string &processor) {
     const bool pic18 = processor.starts_with("p18");
-    const std::string scratch = pic18 ? "            movlw   0x0F\n            movwf   count, A        ; A: the access bank\n"
-                                      : "            banksel count\n            movlw   0x0F\n            movwf   count\n";
-    return "; " + title + ".asm\n"
+    const std::string scratch =
+        pic18 ? "            movlw   0x0F\n            movwf   count, A        ; A: the access bank\n"
+              : "            banksel count\n            movlw   0x0F\n            movwf   count\n";
+    return "; " + title +
+           ".asm\n"
            ";\n"
            "; A relocatable source: the linker places its sections in the chip's memory.\n"
            "\n"
-           "            include \"" + processor + ".inc\"   ; names of the chip's registers and bits\n"
+           "            include \"" +
+           processor +
+           ".inc\"   ; names of the chip's registers and bits\n"
            "\n"
            "            global  main            ; what other sources may use\n"
            "\n"
-           "            " + std::string(pic18 ? "udata_acs" : "udata    ") + "               ; variables\n"
+           "            " +
+           std::string(pic18 ? "udata_acs" : "udata    ") +
+           "               ; variables\n"
            "count       res     1\n"
            "\n"
-           "reset_" + AsName(title) + " code 0x0000         ; where the chip starts\n"
+           "reset_" +
+           AsName(title) +
+           " code 0x0000         ; where the chip starts\n"
            "            goto    main\n"
            "\n"
            "            code                    ; program memory, anywhere\n"
-           "main\n" + scratch +
+           "main\n" +
+           scratch +
            "loop\n"
            "            goto    loop\n"
            "\n"
@@ -41,10 +50,15 @@ std::string NewSourceText(const std::string &title, const std::string &processor
 
 std::string NewHeaderText(const std::string &title) {
     const std::string guard = AsName(title) + "_inc";
-    return "; " + title + ".inc\n"
+    return "; " + title +
+           ".inc\n"
            "\n"
-           "            ifndef  " + guard + "\n"
-           "            variable " + guard + " = 1      ; included once only\n"
+           "            ifndef  " +
+           guard +
+           "\n"
+           "            variable " +
+           guard +
+           " = 1      ; included once only\n"
            "\n"
            "            endif\n";
 }

@@ -87,7 +87,9 @@ bool SaveOptions(const Options &options, const std::string &config) {
            WritePrivateProfileKeys(kLinker, linker, config.c_str());
 }
 
-const char *RadixName(Options::Radix radix) { return kRadixNames[static_cast<size_t>(radix)]; }
+const char *RadixName(Options::Radix radix) {
+    return kRadixNames[static_cast<size_t>(radix)];
+}
 
 std::string CheckDefine(const std::string &define) {
     const std::string name = define.substr(0, define.find('='));
@@ -106,7 +108,8 @@ std::string CheckIncludePath(const std::string &path) {
 
 std::string CheckExtra(const std::string &extra) {
     if (HasControl(extra)) return "The further options must stand on one line.";
-    if (std::count(extra.begin(), extra.end(), '"') % 2 != 0) return "A double quote is missing in the further options.";
+    if (std::count(extra.begin(), extra.end(), '"') % 2 != 0)
+        return "A double quote is missing in the further options.";
     return {};
 }
 

@@ -21,7 +21,9 @@ namespace {
 
 constexpr int kAssemblerTab = 0, kLinkerTab = 1;
 
-QString Text(const std::string &text) { return QString::fromStdString(text); }
+QString Text(const std::string &text) {
+    return QString::fromStdString(text);
+}
 
 // Slashes for the user's eyes, without a look at the disk: an entry may name what isn't there yet.
 QString Shown(std::string path) {
@@ -169,7 +171,8 @@ void COptionsDialog::accept() {
     if (Refuse(kLinkerTab, CheckExtra(options.linkerExtra))) return linkerExtra_->setFocus();
     if (Refuse(kLinkerTab, CheckIncludePath(options.linkerScript))) return linkerScript_->setFocus();
     const bool absolute = options.linkerScript.starts_with('\\') || options.linkerScript.find(':') == 1;
-    if (!options.linkerScript.empty() && !FileExists(absolute ? options.linkerScript : directory_ + options.linkerScript)) {
+    if (!options.linkerScript.empty() &&
+        !FileExists(absolute ? options.linkerScript : directory_ + options.linkerScript)) {
         Refuse(kLinkerTab, "There is no linker script \"" + linkerScript_->text().trimmed().toStdString() + "\".");
         return linkerScript_->setFocus();
     }
@@ -193,7 +196,8 @@ std::string COptionsDialog::Stored(const QString &native) const {
 }
 
 QString COptionsDialog::BrowseDirectory() {
-    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Include Directory"), Text(ToNativePath(directory_)));
+    const QString chosen =
+        QFileDialog::getExistingDirectory(this, tr("Include Directory"), Text(ToNativePath(directory_)));
     return chosen.isEmpty() ? QString() : Shown(Stored(chosen));
 }
 

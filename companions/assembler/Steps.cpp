@@ -16,7 +16,9 @@ constexpr StepInfo kSteps[kStepCount] = {
 
 }  // namespace
 
-const StepInfo *FindStep(int step) { return step >= 0 && step < kStepCount ? &kSteps[step] : nullptr; }
+const StepInfo *FindStep(int step) {
+    return step >= 0 && step < kStepCount ? &kSteps[step] : nullptr;
+}
 
 bool IsStepActive(Step step, const std::string &project) {
     const StepInfo &info = kSteps[static_cast<int>(step)];

@@ -20,10 +20,8 @@ struct Family {
 };
 
 constexpr Family kFamilies[] = {
-    {"PIC12", "Baseline, 12-bit instructions"},
-    {"PIC12E", "Enhanced baseline, 12-bit instructions"},
-    {"PIC14", "Mid-range, 14-bit instructions"},
-    {"PIC14E", "Enhanced mid-range, 14-bit instructions"},
+    {"PIC12", "Baseline, 12-bit instructions"},  {"PIC12E", "Enhanced baseline, 12-bit instructions"},
+    {"PIC14", "Mid-range, 14-bit instructions"}, {"PIC14E", "Enhanced mid-range, 14-bit instructions"},
     {"PIC16E", "PIC18, 16-bit instructions"},
 };
 
@@ -62,7 +60,8 @@ CTargetDialog::CTargetDialog(const std::string &target, QWidget *parent)
     resize(fontMetrics().averageCharWidth() * 78, fontMetrics().height() * 30);
 
     if (const Device *device = FindDevice(target)) {
-        const auto found = tree_->findItems(QString::fromStdString(device->name), Qt::MatchExactly | Qt::MatchRecursive);
+        const auto found =
+            tree_->findItems(QString::fromStdString(device->name), Qt::MatchExactly | Qt::MatchRecursive);
         if (!found.isEmpty()) {
             tree_->setCurrentItem(found.front());
             tree_->scrollToItem(found.front(), QAbstractItemView::PositionAtCenter);
@@ -89,8 +88,9 @@ void CTargetDialog::Fill() {
         group->setFont(0, bold);
         for (const Device &device : Devices()) {
             if (device.family != family.key) continue;
-            auto *item = new QTreeWidgetItem(group, {QString::fromStdString(device.name), ProgramMemory(device),
-                                                     device.eepromSize ? tr("%1 bytes").arg(device.eepromSize) : QString()});
+            auto *item =
+                new QTreeWidgetItem(group, {QString::fromStdString(device.name), ProgramMemory(device),
+                                            device.eepromSize ? tr("%1 bytes").arg(device.eepromSize) : QString()});
             item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
             item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         }
@@ -124,7 +124,9 @@ std::string CTargetDialog::Target() const {
     return item && item->parent() && !item->isHidden() ? item->text(0).toStdString() : std::string();
 }
 
-void CTargetDialog::UpdateButtons() { ok_->setEnabled(!Target().empty()); }
+void CTargetDialog::UpdateButtons() {
+    ok_->setEnabled(!Target().empty());
+}
 
 bool CTargetDialog::eventFilter(QObject *watched, QEvent *event) {
     if (watched == search_ && event->type() == QEvent::KeyPress) {

@@ -11,10 +11,13 @@
 
 namespace {
 
-const char *kMain = " include \"p16f628a.inc\"\n global main\n extern helper\n code\nmain call helper\n goto main\n end\n";
+const char *kMain =
+    " include \"p16f628a.inc\"\n global main\n extern helper\n code\nmain call helper\n goto main\n end\n";
 const char *kHelper = " include \"p16f628a.inc\"\n global helper\n code\nhelper return\n end\n";
 
-bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+bool Contains(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
 
 // How often the part stands in the text.
 int Count(const std::string &text, const std::string &part) {
@@ -37,7 +40,10 @@ std::string Rebuilt(CScratchProject &project, const CStringList &sources) {
 }  // namespace
 
 TEST(Build, ExamplesBuildWithoutAMessage) {
-    struct { const char *name, *target; CStringList sources; } cases[] = {
+    struct {
+        const char *name, *target;
+        CStringList sources;
+    } cases[] = {
         {"blink", "PIC16F628A", {"main.asm", "timer.asm", "led.asm"}},
         {"greeting", "PIC18F4520", {"main.asm", "serial.asm", "starts.asm", "texts.asm"}},
     };
@@ -55,7 +61,10 @@ TEST(Build, ExamplesBuildWithoutAMessage) {
 // The examples on the simulator's own command line: what they write to a register, and after how many cycles.
 TEST(Build, ExamplesRunAsTheySay) {
     if (RunShell("command -v gpsim").empty()) GTEST_SKIP() << "gpsim is not installed";
-    struct Write { long cycle; int value; };
+    struct Write {
+        long cycle;
+        int value;
+    };
     const auto run = [](CScratchProject &project, const CStringList &sources, const std::string &reg, long cycles) {
         project.CopyFrom(std::string(EXAMPLES_DIRECTORY) + "/" + project.title);
         project.Build(sources);
@@ -94,7 +103,8 @@ TEST(Build, RebuildsWhatAnIncludeConcerns) {
     const CStringList sources = {"a.asm", "b.asm"};
     project.Write("inc dir/one.inc", " include \"two.inc\"\n");
     project.Write("inc dir/two.inc", "V equ 1\n");
-    project.Write("a.asm", " include \"p16f628a.inc\"\n include \"one.inc\"\n global main\n code\nmain movlw V\n end\n");
+    project.Write("a.asm",
+                  " include \"p16f628a.inc\"\n include \"one.inc\"\n global main\n code\nmain movlw V\n end\n");
     project.Write("b.asm", " include \"p16f628a.inc\"\n code\nbee return\n end\n");
     project.SetOption("Assembler", "IncludePath", "inc dir");
     EXPECT_EQ(Rebuilt(project, sources), "a.asm,b.asm");
@@ -141,14 +151,18 @@ TEST(Build, RebuildsWhatAnOptionConcerns) {
     EXPECT_TRUE(project.HasOutputs()) << "an option of other linkers does no harm: " << output;
     project.Write("b.asm", kMain);
     project.Write("c.asm", kHelper);
-    EXPECT_FALSE(Contains(project.Build({"a.asm", "c.asm"}), "rror")) << "another source in place of one that was linked";
+    EXPECT_FALSE(Contains(project.Build({"a.asm", "c.asm"}), "rror"))
+        << "another source in place of one that was linked";
 }
 
 TEST(Build, HandlesUnusualNames) {
     CScratchProject project("my blinker #1 $x 100%");
-    const CStringList sources = {"main.asm", "\"sub dir\\it's a & b.asm\"", "..\\" + project.Path("").substr(5) + "common\\main.asm"};
-    project.Write("main.asm", " extern one, two\n include \"p16f628a.inc\"\n code\nmain call one\n call two\n global main\n end\n");
-    project.Write("sub dir/it's a & b.asm", " include \"p16f628a.inc\"\n include \"own = inc.inc\"\n global one\n code\none return\n end\n");
+    const CStringList sources = {"main.asm", "\"sub dir\\it's a & b.asm\"",
+                                 "..\\" + project.Path("").substr(5) + "common\\main.asm"};
+    project.Write("main.asm",
+                  " extern one, two\n include \"p16f628a.inc\"\n code\nmain call one\n call two\n global main\n end\n");
+    project.Write("sub dir/it's a & b.asm",
+                  " include \"p16f628a.inc\"\n include \"own = inc.inc\"\n global one\n code\none return\n end\n");
     project.Write("sub dir/own = inc.inc", "X equ 1\n");
     project.Write("common/main.asm", " include \"p16f628a.inc\"\n global two\n code\ntwo return\n end\n");
     const std::string output = project.Build(sources);
@@ -163,7 +177,9 @@ TEST(Build, HandlesUnusualNames) {
 }
 
 TEST(Build, FailuresLeaveNoImageAndTellThePlace) {
-    struct { const char *name, *source, *expected; } cases[] = {
+    struct {
+        const char *name, *source, *expected;
+    } cases[] = {
         {"an error", " include \"p16f628a.inc\"\n code\nmain movlw nowhere\n end\n", "a.asm(3): Error[113] "},
         {"a missing symbol", " extern zip\n include \"p16f628a.inc\"\n code\nmain nop\n call zip\n end\n",
          "a.asm(5): Error: Missing definition for symbol \"zip\""},
@@ -213,7 +229,11 @@ TEST(Build, ALinkerThatRepeatsItselfForEverIsStopped) {
 }
 
 TEST(Build, RefusesWhatItCantBuildWithClearWords) {
-    struct { const char *target; CStringList sources; const char *expected; } cases[] = {
+    struct {
+        const char *target;
+        CStringList sources;
+        const char *expected;
+    } cases[] = {
         {"PIC16F9999", {"a.asm"}, "does not know the target \"PIC16F9999\""},
         {"PIC16F628A", {}, "no assembler sources"},
         {"PIC16F628A", {"a.asm", "main.c"}, "main.c is no source of the Assembler toolsuite"},
@@ -253,7 +273,8 @@ TEST(Build, MakesLibrariesAndLinksThem) {
 
 TEST(Build, DebugAndReleaseDiffer) {
     CScratchProject project;
-    project.Write("a.asm", " include \"p16f628a.inc\"\n ifdef __DEBUG\n messg \"debugging\"\n endif\n code\nmain nop\n end\n");
+    project.Write("a.asm",
+                  " include \"p16f628a.inc\"\n ifdef __DEBUG\n messg \"debugging\"\n endif\n code\nmain nop\n end\n");
     EXPECT_TRUE(Contains(project.Build({"a.asm"}), "a.asm(3): Message[301]"));
     project.config.replace(project.config.find(".Debug."), 7, ".Release.");
     EXPECT_FALSE(Contains(project.Build({"a.asm"}), "Message"));

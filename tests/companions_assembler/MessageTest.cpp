@@ -7,15 +7,26 @@
 #include "platform/NativePath.h"
 
 TEST(MessageRewriter, WritesEachKindSoThatItsPlaceIsRead) {
-    struct { const char *line; std::vector<std::string> expected; bool error; } cases[] = {
+    struct {
+        const char *line;
+        std::vector<std::string> expected;
+        bool error;
+    } cases[] = {
         {"sub/a.asm:12:Error[113]   Symbol not previously defined: \"x\"",
-         {"sub/a.asm(12): Error[113] Symbol not previously defined: \"x\""}, true},
-        {"my file.asm:1:Warning[202] Argument out of range.", {"my file.asm(1): Warning[202] Argument out of range."}, false},
+         {"sub/a.asm(12): Error[113] Symbol not previously defined: \"x\""},
+         true},
+        {"my file.asm:1:Warning[202] Argument out of range.",
+         {"my file.asm(1): Warning[202] Argument out of range."},
+         false},
         {"a.asm:12:Message[305] Using default destination of 1 (file).",
-         {"a.asm(12): Message[305] Using default destination of 1 (file)."}, false},
-        {"h.asm:4:Error[1102]   Parser error: syntax error", {"h.asm(4): Error[1102] Parser error: syntax error"}, true},
+         {"a.asm(12): Message[305] Using default destination of 1 (file)."},
+         false},
+        {"h.asm:4:Error[1102]   Parser error: syntax error",
+         {"h.asm(4): Error[1102] Parser error: syntax error"},
+         true},
         {"/usr/share/x.inc:7:Error[181]   Unknown opcode: \"a:1:Error\"",
-         {"/usr/share/x.inc(7): Error[181] Unknown opcode: \"a:1:Error\""}, true},
+         {"/usr/share/x.inc(7): Error[181] Unknown opcode: \"a:1:Error\""},
+         true},
         {"a:3:b.asm:12:Error[113]   text", {"a:3:b.asm(12): Error[113] text"}, true},
         {"line 3.asm:12:Error[113]   text", {"./line 3.asm(12): Error[113] text"}, true},
         {"Error.asm:1:Error[113]   text", {"./Error.asm(1): Error[113] text"}, true},
@@ -24,9 +35,11 @@ TEST(MessageRewriter, WritesEachKindSoThatItsPlaceIsRead) {
         {"gr\xC3\xBCn.asm:5:Warning[220] text", {"gr\xC3\xBCn.asm", "line 5: Warning[220] text"}, false},
         {"bad.lkr:2:Error invalid script command (BOGUS)", {"bad.lkr(2): Error: invalid script command (BOGUS)"}, true},
         {"Error[125]   Illegal condition: EOF encountered before END.",
-         {"nowhere.asm(1): Error[125] Illegal condition: EOF encountered before END."}, true},
+         {"nowhere.asm(1): Error[125] Illegal condition: EOF encountered before END."},
+         true},
         {"error: Unable to open file \"foo.lkr\" - No such file or directory",
-         {"Error: Unable to open file \"foo.lkr\" - No such file or directory"}, true},
+         {"Error: Unable to open file \"foo.lkr\" - No such file or directory"},
+         true},
         {"message: Using default linker script \"/usr/share/gputils/lkr/16f628a_g.lkr\".", {}, false},
         {"x.o: No such file or directory", {"x.o: No such file or directory"}, false},
         {"", {""}, false},
@@ -47,16 +60,18 @@ TEST(MessageRewriter, DropsAWarningAboutTheSameProcessor) {
     project.Write("a.asm", "\n list p=16F628A\n list p=16f628\n list p=16f84");
     for (const auto &[line, lines] : {std::pair{2, 0u}, {3, 1u}, {4, 1u}, {9, 1u}}) {
         CMessageRewriter rewriter({"a.asm", "p16f628a", {}, {}});
-        const std::string text = project.Path("a.asm") + ":" + std::to_string(line) +
-                                 ":Warning[215] Processor superseded by command line.";
+        const std::string text =
+            project.Path("a.asm") + ":" + std::to_string(line) + ":Warning[215] Processor superseded by command line.";
         EXPECT_EQ(rewriter.Rewrite(text).size(), lines) << line;
     }
 }
 
 TEST(DependencyFile, ReadsNamesWithBlanksAndWritesRules) {
-    const std::string text = "Debug/a~.o :  \\\n  my file.asm \\\n  inc/b c.inc \\\n  /usr/share/gputils/header/p16f628a.inc\n";
+    const std::string text =
+        "Debug/a~.o :  \\\n  my file.asm \\\n  inc/b c.inc \\\n  /usr/share/gputils/header/p16f628a.inc\n";
     const auto files = ReadAssemblerDependencies(text);
-    EXPECT_EQ(files, (std::vector<std::string>{"my file.asm", "inc/b c.inc", "/usr/share/gputils/header/p16f628a.inc"}));
+    EXPECT_EQ(files,
+              (std::vector<std::string>{"my file.asm", "inc/b c.inc", "/usr/share/gputils/header/p16f628a.inc"}));
     const std::string rules = DependencyRules("Debug/a.o", files, {"lib", "inc"});
     for (const char *rule : {"Debug/a.o: my\\ file.asm\n", "Debug/a.o: inc/b\\ c.inc\n", "\ninc/b\\ c.inc:\n",
                              "Debug/a.o: $(if $(wildcard b\\ c.inc),b\\ c.inc)\n",
@@ -101,7 +116,11 @@ TEST(ObjectFile, SurvivesDamage) {
 }
 
 TEST(AsmTool, PassesExitCodesAndSignalsOn) {
-    struct { const char *tool; int code; const char *expected; } cases[] = {
+    struct {
+        const char *tool;
+        int code;
+        const char *expected;
+    } cases[] = {
         {"sh -c 'echo a.asm:3:Warning[202] w; exit 0'", 0, "a.asm(3): Warning[202] w"},
         {"sh -c 'exit 7'", 7, "failed with exit code 7"},
         {"sh -c 'kill -9 $$'", 137, "ended by signal 9"},
@@ -111,7 +130,9 @@ TEST(AsmTool, PassesExitCodesAndSignalsOn) {
     };
     for (const auto &c : cases) {
         int code = -1;
-        std::string output = RunShell(std::string(PROGRAM_DIRECTORY "/asmtool.exe link -- ") + c.tool + " | tail -c 300; exit ${PIPESTATUS:-0}", &code);
+        std::string output = RunShell(
+            std::string(PROGRAM_DIRECTORY "/asmtool.exe link -- ") + c.tool + " | tail -c 300; exit ${PIPESTATUS:-0}",
+            &code);
         EXPECT_NE(output.find(c.expected), std::string::npos) << c.tool << "\n" << output;
         RunShell(std::string(PROGRAM_DIRECTORY "/asmtool.exe link -- ") + c.tool + " >/dev/null", &code);
         EXPECT_EQ(code, c.code) << c.tool;

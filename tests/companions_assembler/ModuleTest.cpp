@@ -17,10 +17,13 @@ TEST(Module, IsTheAssembler) {
 
 TEST(Module, KnowsTheTargetsThatGpasmKnows) {
     auto *isValid = Export<ToolIsValidTargetFn>("toolIsValidTarget");
-    struct { const char *target; bool valid; } cases[] = {
-        {"PIC16F628A", true}, {"pic16f628a", true}, {"16F628A", true}, {"P18F4520", true}, {"PIC18F4520", true},
-        {"PIC12F675", true}, {"PIC16F1938", true}, {"SX28", true}, {"PIC16F9999", false}, {"", false},
-        {"PIC", false}, {"LPC2106", false}, {"PIC16F628A ", false},
+    struct {
+        const char *target;
+        bool valid;
+    } cases[] = {
+        {"PIC16F628A", true}, {"pic16f628a", true}, {"16F628A", true},      {"P18F4520", true},    {"PIC18F4520", true},
+        {"PIC12F675", true},  {"PIC16F1938", true}, {"SX28", true},         {"PIC16F9999", false}, {"", false},
+        {"PIC", false},       {"LPC2106", false},   {"PIC16F628A ", false},
     };
     for (const auto &c : cases) EXPECT_EQ(isValid("", c.target) != 0, c.valid) << c.target;
     EXPECT_EQ(isValid("", nullptr), 0);
@@ -38,7 +41,8 @@ TEST(Module, StoresWhichStepsAreOn) {
     const int count = Export<ToolGetToolsNumberFn>("toolGetToolsNumber")();
     ASSERT_EQ(count, 5);
     std::set<std::string> names;
-    for (int step = 0; step < count; ++step) names.insert(Export<ToolGetToolActionNameFn>("toolGetToolActionName")(step));
+    for (int step = 0; step < count; ++step)
+        names.insert(Export<ToolGetToolActionNameFn>("toolGetToolActionName")(step));
     for (const char *name : {"Assemble", "Link", "Disassemble"}) EXPECT_TRUE(names.contains(name)) << name;
 
     for (int step = 1; step < count; ++step) {
@@ -59,7 +63,8 @@ TEST(Module, HasTheKeywordsOfAllFamilies) {
     ASSERT_NE(keywords(2, &words), 0);
     std::istringstream in(words);
     const std::set<std::string> all(std::istream_iterator<std::string>(in), {});
-    for (const char *word : {"movlw", "tris", "tblrd", "moviw", "lgoto", "udata_shr", "#include", "banksel", "__config"})
+    for (const char *word :
+         {"movlw", "tris", "tblrd", "moviw", "lgoto", "udata_shr", "#include", "banksel", "__config"})
         EXPECT_TRUE(all.contains(word)) << word;
     CString untouched = "x";
     for (const int kind : {0, 1, 3, 4, -1}) EXPECT_EQ(keywords(kind, &untouched), 0) << kind;
@@ -93,8 +98,8 @@ TEST(Module, OffersCommandLinesForEachStep) {
         CString command, log, title;
         int32_t extra = 0;
         ASSERT_TRUE(Export<ToolGetToolCmdLineFn>("toolGetToolCmdLine")(step, &command, &log, &title, &inputs, &outputs,
-                                                                     &further, &extra, project.project.c_str(),
-                                                                     project.config.c_str()));
+                                                                       &further, &extra, project.project.c_str(),
+                                                                       project.config.c_str()));
         int code = -1;
         const std::string text = RunShell("cd '" + project.Path("") + "' && " PROGRAM_DIRECTORY "/" + command, &code);
         EXPECT_EQ(code, 0) << command << "\n" << text;

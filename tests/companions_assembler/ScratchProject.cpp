@@ -59,12 +59,17 @@ std::string CScratchProject::Read(const std::string &name) const {
     return text.str();
 }
 
-bool CScratchProject::Has(const std::string &name) const { return fs::exists(Path(name)); }
-void CScratchProject::Remove(const std::string &name) { fs::remove(Path(name)); }
+bool CScratchProject::Has(const std::string &name) const {
+    return fs::exists(Path(name));
+}
+void CScratchProject::Remove(const std::string &name) {
+    fs::remove(Path(name));
+}
 
 void CScratchProject::CopyFrom(const std::string &nativeDirectory) {
     for (const auto &entry : fs::directory_iterator(nativeDirectory))
-        if (entry.is_regular_file()) fs::copy_file(entry.path(), Path(entry.path().filename()), fs::copy_options::overwrite_existing);
+        if (entry.is_regular_file())
+            fs::copy_file(entry.path(), Path(entry.path().filename()), fs::copy_options::overwrite_existing);
 }
 
 void CScratchProject::SetOption(const std::string &section, const std::string &key, const std::string &value) {
@@ -77,7 +82,8 @@ bool CScratchProject::Generate(const CStringList &sources) {
     error_.clear();
     std::FILE *file = std::fopen(Path("makefile." + title).c_str(), "w");
     std::fputs("# a header line\n", file);
-    const bool done = Export<ToolGenMakeFn>("toolGenMake")(&given, &outputs_, file, &error_, project.c_str(), config.c_str());
+    const bool done =
+        Export<ToolGenMakeFn>("toolGenMake")(&given, &outputs_, file, &error_, project.c_str(), config.c_str());
     std::fclose(file);
     return done;
 }
@@ -86,7 +92,9 @@ std::string CScratchProject::Make(const std::string &goal) {
     return RunShell("cd '" + directory_ + "' && make -f 'makefile." + title + "' " + goal, &exitCode_);
 }
 
-std::string CScratchProject::Build(const CStringList &sources) { return Generate(sources) ? Make() : error_; }
+std::string CScratchProject::Build(const CStringList &sources) {
+    return Generate(sources) ? Make() : error_;
+}
 
 bool CScratchProject::HasOutputs() const {
     if (outputs_.empty()) return false;

@@ -31,7 +31,7 @@ public:
     void CopyFrom(const std::string &nativeDirectory);  // files only
     void SetOption(const std::string &section, const std::string &key, const std::string &value);
 
-    bool Generate(const CStringList &sources);  // writes the makefile; Error() and Outputs() tell the rest
+    bool Generate(const CStringList &sources);          // writes the makefile; Error() and Outputs() tell the rest
     std::string Make(const std::string &goal = "all");  // its whole output; ExitCode()
     std::string Build(const CStringList &sources);      // both; the error instead when the makefile can't be written
 

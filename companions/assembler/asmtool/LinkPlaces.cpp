@@ -52,7 +52,9 @@ std::vector<std::string> QuotedWords(std::string_view message) {
 
 using Places = std::vector<SourcePlace>;
 
-CObjectFile Open(const std::string &object) { return CObjectFile(FromNativePath(object)); }
+CObjectFile Open(const std::string &object) {
+    return CObjectFile(FromNativePath(object));
+}
 
 void AddUse(Places &places, const std::string &symbol, const std::string &object) {
     const CObjectFile file = Open(object);
@@ -95,8 +97,8 @@ void AddSectionOfAny(Places &places, const std::string &section, const std::vect
 }  // namespace
 
 std::vector<SourcePlace> FindLinkPlaces(std::string_view message, const std::vector<std::string> &objects) {
-    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                   [&](const Kind &k) { return message.starts_with(k.words); });
+    const auto kind =
+        std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind &k) { return message.starts_with(k.words); });
     const std::vector<std::string> words = QuotedWords(message);
     if (kind == std::end(kKinds) || words.empty()) return {};
 

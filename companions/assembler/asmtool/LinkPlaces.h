@@ -1,5 +1,5 @@
-// Which source lines a message of the linker is about. The linker names objects, sections and symbols only; the objects'
-// own line tables, and the sources where those tell nothing, lead on from there.
+// Which source lines a message of the linker is about. The linker names objects, sections and symbols only; the
+// objects' own line tables, and the sources where those tell nothing, lead on from there.
 #pragma once
 
 #include <string>

@@ -14,7 +14,9 @@ namespace {
 constexpr std::string_view kKinds[] = {"Error", "Warning", "Message"};
 constexpr std::string_view kSuperseded = "Warning[215]";
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // "Error[113]   text" or "Error text": the kind's length, 0 when the text begins with none.
 size_t KindLength(std::string_view text) {
@@ -135,7 +137,8 @@ void CMessageRewriter::RewriteLinkMessage(std::vector<std::string> &out, const s
     const std::vector<SourcePlace> places = FindLinkPlaces(text, context_.objects);
     if (places.empty()) out.push_back(kind + std::string(text));
     for (size_t i = 0; i < places.size(); ++i)
-        WriteMessage(out, places[i].file, places[i].line, kind + (i == 0 ? std::string(text) : "The other place is here."));
+        WriteMessage(out, places[i].file, places[i].line,
+                     kind + (i == 0 ? std::string(text) : "The other place is here."));
 }
 
 // A source that names its processor for other tools says nothing new: the project's target is that one too.

@@ -4,8 +4,8 @@
 //   Error[125]   text                    a.asm(80): Error[125] text      the source's last line
 //   error: Missing definition ...        a.asm(7): Error: Missing ...    where the objects tell it
 //
-// A name that this form can't hold (with a parenthesis, beyond ASCII, or like the words of another form) is written on a
-// line of its own, with "line 12: Error[113] text" below it.
+// A name that this form can't hold (with a parenthesis, beyond ASCII, or like the words of another form) is written on
+// a line of its own, with "line 12: Error[113] text" below it.
 #pragma once
 
 #include <string>
@@ -15,10 +15,10 @@
 class CMessageRewriter {
 public:
     struct Context {
-        std::string source;                // what is assembled; empty for the linker
-        std::string processor;             // "p16f628a"
-        std::vector<std::string> objects;  // what is linked
-        std::vector<std::string> includes; // directories that includes are looked for in
+        std::string source;                 // what is assembled; empty for the linker
+        std::string processor;              // "p16f628a"
+        std::vector<std::string> objects;   // what is linked
+        std::vector<std::string> includes;  // directories that includes are looked for in
     };
 
     explicit CMessageRewriter(Context context) : context_(std::move(context)) {}

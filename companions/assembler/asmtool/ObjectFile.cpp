@@ -17,8 +17,12 @@ uint32_t Number(std::string_view bytes, size_t offset, size_t size) {
         value |= static_cast<uint32_t>(static_cast<uint8_t>(bytes[offset + i])) << (8 * i);
     return value;
 }
-uint16_t Short(std::string_view bytes, size_t offset) { return static_cast<uint16_t>(Number(bytes, offset, 2)); }
-uint32_t Long(std::string_view bytes, size_t offset) { return Number(bytes, offset, 4); }
+uint16_t Short(std::string_view bytes, size_t offset) {
+    return static_cast<uint16_t>(Number(bytes, offset, 2));
+}
+uint32_t Long(std::string_view bytes, size_t offset) {
+    return Number(bytes, offset, 4);
+}
 
 std::string TextAt(std::string_view bytes, size_t offset, size_t limit = std::string_view::npos) {
     if (offset >= bytes.size()) return {};
@@ -64,14 +68,15 @@ void CObjectFile::ReadSections(std::string_view bytes, size_t begin, size_t coun
     for (size_t i = 0; i < count; ++i) {
         const size_t record = begin + i * kSectionSize;
         const int number = static_cast<int>(i) + 1;
-        const std::string name = Long(bytes, record) == 0 ? TextAt(bytes, strings + Long(bytes, record + 4))
-                                                          : TextAt(bytes, record, 8);
+        const std::string name =
+            Long(bytes, record) == 0 ? TextAt(bytes, strings + Long(bytes, record + 4)) : TextAt(bytes, record, 8);
         sections_.push_back({name, Long(bytes, record + 8), Long(bytes, record + 16), Long(bytes, record + 36)});
 
         const size_t uses = Long(bytes, record + 24), lines = Long(bytes, record + 28);
         const size_t useCount = Fitting(bytes, uses, Short(bytes, record + 32), kRelocationSize);
         for (size_t k = 0; k < useCount; ++k)
-            uses_.push_back({number, Long(bytes, uses + k * kRelocationSize), Long(bytes, uses + k * kRelocationSize + 4)});
+            uses_.push_back(
+                {number, Long(bytes, uses + k * kRelocationSize), Long(bytes, uses + k * kRelocationSize + 4)});
         const size_t lineCount = Fitting(bytes, lines, Short(bytes, record + 34), kLineSize);
         for (size_t k = 0; k < lineCount; ++k) {
             const size_t line = lines + k * kLineSize;
@@ -81,7 +86,8 @@ void CObjectFile::ReadSections(std::string_view bytes, size_t begin, size_t coun
 }
 
 const CObjectFile::Section *CObjectFile::FindSection(std::string_view name) const {
-    const auto found = std::find_if(sections_.begin(), sections_.end(), [&](const Section &s) { return s.name == name; });
+    const auto found =
+        std::find_if(sections_.begin(), sections_.end(), [&](const Section &s) { return s.name == name; });
     return found == sections_.end() ? nullptr : &*found;
 }
 

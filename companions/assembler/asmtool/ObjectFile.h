@@ -32,8 +32,8 @@ public:
     const Section *FindSection(std::string_view name) const;  // null when there is none
     std::string SourceName() const { return files_.empty() ? std::string() : files_.front().name; }
 
-    std::optional<SourcePlace> FirstUse(std::string_view symbol) const;     // the first instruction that refers to it
-    std::optional<SourcePlace> Definition(std::string_view symbol) const;   // a label before an instruction
+    std::optional<SourcePlace> FirstUse(std::string_view symbol) const;    // the first instruction that refers to it
+    std::optional<SourcePlace> Definition(std::string_view symbol) const;  // a label before an instruction
     std::optional<SourcePlace> FirstLine(std::string_view section) const;  // the section's first instruction
 
 private:

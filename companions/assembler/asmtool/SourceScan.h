@@ -9,7 +9,7 @@
 
 // The line that opens `section` ("udata", "name code 0x10"; the name may be the default one, ".udata").
 std::optional<int> FindSectionDirective(const std::string &file, std::string_view section);
-std::optional<int> FindLabel(const std::string &file, std::string_view label);    // in the first column
-std::optional<int> FindWord(const std::string &file, std::string_view word);      // anywhere outside comments
+std::optional<int> FindLabel(const std::string &file, std::string_view label);  // in the first column
+std::optional<int> FindWord(const std::string &file, std::string_view word);    // anywhere outside comments
 std::string ReadLine(const std::string &file, int line);  // without its end; empty when there is none
-int CountLines(const std::string &file);  // at least 1
+int CountLines(const std::string &file);                  // at least 1

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr size_t kLongestLine = 64 * 1024;
-constexpr int kEndlessRepeats = 1000;  // the linker is known to repeat one error for ever
+constexpr int kEndlessRepeats = 1000;
 
 volatile std::sig_atomic_t receivedSignal = 0;
 volatile std::sig_atomic_t childPid = 0;
@@ -27,7 +27,7 @@ public:
             const bool whole = end != std::string_view::npos;
             line_.append(bytes.substr(begin, whole ? end - begin : bytes.size() - begin));
             begin = whole ? end + 1 : bytes.size();
-            if (whole || line_.size() > kLongestLine) Flush(whole);
+            if (whole || line_.size() >= kLongestLine) Flush(whole);
         }
     }
 
@@ -45,7 +45,8 @@ private:
 
 }  // namespace
 
-ToolResult RunTool(const std::vector<std::string> &words, const std::function<void(std::string_view)> &onLine) {
+ToolResult RunTool(const std::vector<std::string> &words, Repetition repetition,
+                   const std::function<void(std::string_view)> &onLine) {
     ToolResult result;
     CChildProcess child;
     struct sigaction action = {};
@@ -59,7 +60,7 @@ ToolResult RunTool(const std::vector<std::string> &words, const std::function<vo
     std::string previous;
     int repeats = 0;
     const std::function<void(std::string_view)> dropRepeats = [&](std::string_view line) {
-        repeats = line == previous && !line.empty() ? repeats + 1 : 0;
+        repeats = repetition == Repetition::end && line.size() < kLongestLine && line == previous ? repeats + 1 : 0;
         previous = line;
         if (repeats == 0) onLine(line);
     };

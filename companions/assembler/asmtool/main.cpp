@@ -1,5 +1,5 @@
-// Runs a GNU PIC utility for a makefile: hands its messages on in the form that the build list reads, passes its exit code
-// on, and removes what a failed step would leave behind, so that a missing file tells of the failure.
+// Runs a GNU PIC utility for a makefile: hands its messages on in the form that the build list reads, passes its exit
+// code on, and removes what a failed step would leave behind, so that a missing file tells of the failure.
 //
 //   asmtool.exe assemble --object O --rules R --source S --processor P [--listing L] [--image I]... -- gpasm words...
 //   asmtool.exe link --image I... -- gplink words...             the image's files; gplink's own words name the objects
@@ -45,6 +45,13 @@ void Print(std::string_view line) {
 bool ReadArguments(int argc, char **argv, Arguments &arguments) {
     if (argc < 2) return false;
     arguments.job = argv[1];
+    const struct {
+        std::string_view option;
+        std::string *value;
+    } names[] = {
+        {"--object", &arguments.object},       {"--rules", &arguments.rules},     {"--source", &arguments.source},
+        {"--processor", &arguments.processor}, {"--listing", &arguments.listing},
+    };
     for (int i = 2; i < argc; ++i) {
         const std::string_view word = argv[i];
         if (word == "--") {
@@ -57,16 +64,18 @@ bool ReadArguments(int argc, char **argv, Arguments &arguments) {
         }
         if (++i == argc) return false;
         const char *value = argv[i];
-        if (word == "--object") arguments.object = value;
-        else if (word == "--rules") arguments.rules = value;
-        else if (word == "--source") arguments.source = value;
-        else if (word == "--processor") arguments.processor = value;
-        else if (word == "--listing") arguments.listing = value;
-        else if (word == "--image") arguments.images.emplace_back(value);
-        else if (word == "--size" || word == "--bytes") {
+        const auto name =
+            std::find_if(std::begin(names), std::end(names), [&](const auto &n) { return word == n.option; });
+        if (name != std::end(names)) {
+            *name->value = value;
+        } else if (word == "--image") {
+            arguments.images.emplace_back(value);
+        } else if (word == "--size" || word == "--bytes") {
             arguments.size = static_cast<uint32_t>(std::strtoul(value, nullptr, 10));
             arguments.inBytes = word == "--bytes";
-        } else return false;
+        } else {
+            return false;
+        }
     }
     return true;
 }
@@ -94,12 +103,13 @@ int RunRewritten(const Arguments &arguments) {
         if (word.ends_with(".o")) context.objects.push_back(word);
     CMessageRewriter rewriter(std::move(context));
     bool spoke = false;
-    const ToolResult result = RunTool(arguments.tool, [&](std::string_view line) {
-        for (const std::string &text : rewriter.Rewrite(line)) {
-            Print(text);
-            spoke = true;
-        }
-    });
+    const ToolResult result = RunTool(arguments.tool, arguments.job == "link" ? Repetition::end : Repetition::keep,
+                                      [&](std::string_view line) {
+                                          for (const std::string &text : rewriter.Rewrite(line)) {
+                                              Print(text);
+                                              spoke = true;
+                                          }
+                                      });
     const std::string &name = arguments.tool.front();
     if (!result.started) {
         Print("Error: " + name + " can't be run. Is the package \"gputils\" installed?");
@@ -166,7 +176,7 @@ int Disassemble(const Arguments &arguments) {
         Print("Error: " + name + " can't be written.");
         return kExitFailure;
     }
-    const ToolResult result = RunTool(arguments.tool, [&](std::string_view line) {
+    const ToolResult result = RunTool(arguments.tool, Repetition::keep, [&](std::string_view line) {
         std::fwrite(line.data(), 1, line.size(), file);
         std::fputc('\n', file);
     });
