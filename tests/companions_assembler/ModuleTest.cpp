@@ -107,6 +107,8 @@ TEST(Module, OffersCommandLinesForEachStep) {
             for (char &c : file) c = c == '\\' ? '/' : c;
             EXPECT_TRUE(project.Has(file)) << step << " " << file;
         }
-        if (step == 4) EXPECT_NE(text.find("Program memory: 1 of 2048 words"), std::string::npos) << text;
+        if (step == 4) {
+            EXPECT_NE(text.find("Program memory: 1 of 2048 words"), std::string::npos) << text;
+        }
     }
 }

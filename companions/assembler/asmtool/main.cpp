@@ -8,7 +8,10 @@
 //   asmtool.exe usage --size WORDS|--bytes BYTES IMAGE.cof
 //   asmtool.exe missing --source S [--image I]...
 //   asmtool.exe fail TEXT                                        says why there is nothing to run
+#include <sys/resource.h>
+
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -26,6 +29,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr rlim_t kLongestAssembly = 10;  // seconds of processor time; the largest sources take less than one
 constexpr int kExitFailure = 1, kExitUsage = 2, kExitNotFound = 127, kExitSignal = 128;
 
 struct Arguments {
@@ -120,11 +124,20 @@ int RunRewritten(const Arguments &arguments) {
         Print("Error: " + name + " repeated its last message without end and was stopped.");
         return kExitFailure;
     }
-    if (result.exitCode > kExitSignal)
+    if (result.exitCode == kExitSignal + SIGXCPU)
+        Print("Error: " + name + " found no end of " + arguments.source +
+              ". Does a macro or an include take itself in?");
+    else if (result.exitCode > kExitSignal)
         Print("Error: " + name + " was ended by signal " + std::to_string(result.exitCode - kExitSignal) + ".");
     else if (result.exitCode != 0 && !spoke)
         Print("Error: " + name + " failed with exit code " + std::to_string(result.exitCode) + ".");
     return result.exitCode != 0 ? result.exitCode : rewriter.SawError() ? kExitFailure : 0;
+}
+
+// A macro or an include that takes itself in keeps the assembler busy for ever, without a word.
+void LimitProcessorTime() {
+    const rlimit limit = {kLongestAssembly, kLongestAssembly + 5};
+    setrlimit(RLIMIT_CPU, &limit);  // of this process and, inherited, of the assembler
 }
 
 // Assembles under names of its own; the object takes its place as the last thing, so that an object that is there is
@@ -134,6 +147,7 @@ int Assemble(Arguments &arguments) {
     const fs::path working = object.parent_path() / (object.stem().string() + "~.o");
     const auto beside = [&](const char *extension) { return fs::path(working).replace_extension(extension).string(); };
     Print("Assembling " + arguments.source);
+    LimitProcessorTime();
     Remove(arguments.object);
     arguments.tool.insert(arguments.tool.end(), {"-M", "-o", working.string(), arguments.source});
     int code = RunRewritten(arguments);
