@@ -5,7 +5,6 @@
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/Path.h"
-#include "app/Settings.h"
 #include "platform/PathCalls.h"
 #include "project/Workspace.h"
 
@@ -29,12 +28,12 @@ CDocTemplateEx::CDocTemplateEx(int resourceId, std::string strings, Parts parts,
       furtherExtensions_(std::move(furtherExtensions)) {}
 
 CRecentList &CDocTemplateEx::RecentFiles() {
-    static CRecentList list("Recent Files", "File%d", UserSettings().User());
+    static CRecentList list("Recent Files", "File%d");
     return list;
 }
 
 CRecentList &CDocTemplateEx::RecentWorkspaces() {
-    static CRecentList list("Recent Workspaces", "Workspace%d", UserSettings().User());
+    static CRecentList list("Recent Workspaces", "Workspace%d");
     return list;
 }
 

@@ -84,8 +84,8 @@ bool CIDEApp::InitInstance() {
     OpenUserSettings(kProfile);
     if (!LoadLibraries()) return false;
     editorProperties.Load();
-    CDocTemplateEx::RecentFiles().Load();
-    CDocTemplateEx::RecentWorkspaces().Load();
+    CDocTemplateEx::RecentFiles().Load(UserSettings().User());
+    CDocTemplateEx::RecentWorkspaces().Load(UserSettings().User());
     macro.Load();
     abbreviations.Load(ProgramFile("abbreviations.txt"));
     childDisplayMode = GetUserInt("Settings", "ChildDispMode", 0);
@@ -137,9 +137,12 @@ void CIDEApp::TakeCommandLine() {
     const std::vector<std::string> arguments = SplitArguments(commandLine_);
     for (size_t i = 1; i < arguments.size(); ++i) {
         std::string name = arguments[i];
-        if (name.empty() || name.front() == '-' || name.front() == '/') continue;
+        if (name.starts_with('-') || name.starts_with('/')) continue;
         name.erase(name.find_last_not_of(" \t\r\n") + 1);
-        const std::string candidate = FileExists(directory + name) ? directory + name : name;
+        if (name.empty()) continue;
+        // An absolute name has its separator already: in the root directory it would get a second one.
+        const bool here = !name.starts_with('\\') && FileExists(directory + name);
+        const std::string candidate = here ? directory + name : name;
         if (!IsProjectOrWorkspace(name))
             startupFiles_.push_back(candidate);
         else if (HasContent(candidate))
@@ -193,8 +196,10 @@ CDocument *CIDEApp::FindOrOpenDocument(const std::string &path, bool open) {
     const std::string project = GetActiveProjectPath();
     const std::string directory = CPath(project).GetDirectory();
     const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
-    const std::string name =
-        !directory.empty() && StartsWithNoCase(path, directory) ? path.substr(directory.size()) : path;
+    // A directory whose name differs in case alone is another one.
+    const bool below = !directory.empty() && StartsWithNoCase(path, directory) &&
+                       NamesOneFile(path.substr(0, directory.size()), directory);
+    const std::string name = below ? path.substr(directory.size()) : path;
     const std::string full = GetFullPathNameA(name);
     for (CDocument *document : GetDocuments())
         if (dynamic_cast<CIDEDoc *>(document) && NamesOneFile(document->GetPathName(), full)) return document;
@@ -259,10 +264,9 @@ void CIDEApp::OpenRecentWorkspace(size_t index) {
     } else if (EqualNoCase(path, GetWorkspacePath())) {
         return;
     }
-    if (!workspaces.SwitchWorkspace(path)) {
+    if (workspaces.SwitchWorkspace(path) == SwitchResult::failed) {
         const auto entry = std::ranges::find(list.Entries(), path);
-        if (entry != list.Entries().end() && !workspace)
-            list.Remove(static_cast<size_t>(entry - list.Entries().begin()));
+        if (entry != list.Entries().end()) list.Remove(static_cast<size_t>(entry - list.Entries().begin()));
     }
 }
 

@@ -2,21 +2,22 @@
 
 #include "framework/Text.h"
 #include "platform/NativePath.h"
-#include "platform/PathCalls.h"
+#include "platform/UserStore.h"
 
-CRecentList::CRecentList(std::string section, std::string keyFormat, CUserStore &store)
-    : section_(std::move(section)), keyFormat_(std::move(keyFormat)), store_(store) {}
+CRecentList::CRecentList(std::string section, std::string keyFormat)
+    : section_(std::move(section)), keyFormat_(std::move(keyFormat)) {}
 
-void CRecentList::Load() {
+void CRecentList::Load(CUserStore &store) {
+    store_ = &store;
     entries_.clear();
     for (size_t i = 1; i <= kEntries; ++i) {
-        const auto name = store_.ReadString(section_, FormatText(keyFormat_, {std::to_string(i)}));
+        const auto name = store.ReadString(section_, FormatText(keyFormat_, {std::to_string(i)}));
         if (name && !name->empty()) entries_.push_back(*name);
     }
 }
 
 void CRecentList::Add(const std::string &name) {
-    std::erase_if(entries_, [&](const std::string &entry) { return EqualNoCase(entry, name); });
+    std::erase_if(entries_, [&](const std::string &entry) { return NamesOneFile(entry, name); });
     entries_.insert(entries_.begin(), name);
     if (entries_.size() > kEntries) entries_.resize(kEntries);
     Store();
@@ -40,11 +41,13 @@ std::string CRecentList::MenuText(size_t index) const {
 }
 
 void CRecentList::Store() const {
+    if (!store_) return;
+    if (!store_) return;
     for (size_t i = 1; i <= kEntries; ++i) {
         const std::string key = FormatText(keyFormat_, {std::to_string(i)});
         if (i <= entries_.size())
-            store_.WriteString(section_, key, entries_[i - 1]);
+            store_->WriteString(section_, key, entries_[i - 1]);
         else
-            store_.DeleteKey(section_, key);
+            store_->DeleteKey(section_, key);
     }
 }

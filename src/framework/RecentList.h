@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/UserStore.h"
+class CUserStore;
 
 class CRecentList {
 public:
@@ -12,10 +12,12 @@ public:
     static constexpr size_t kShownCharacters = 30;
 
     // Keys are `section` and `keyFormat` ("File%d"), numbered from 1.
-    CRecentList(std::string section, std::string keyFormat, CUserStore &store);
+    CRecentList(std::string section, std::string keyFormat);
 
-    void Load();
-    void Add(const std::string &name);  // to the top; the same name (ignoring case) moves up
+    // Replaces the entries by those of `store`, which takes every change from now on and outlives the list or the next
+    // Load.
+    void Load(CUserStore &store);
+    void Add(const std::string &name);  // to the top; another spelling of the same file's name goes
     void Remove(size_t index);
     const std::vector<std::string> &Entries() const { return entries_; }
 
@@ -26,6 +28,6 @@ private:
     void Store() const;
 
     std::string section_, keyFormat_;
-    CUserStore &store_;
+    CUserStore *store_ = nullptr;
     std::vector<std::string> entries_;
 };

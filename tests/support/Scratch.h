@@ -19,7 +19,8 @@ public:
     std::string Read(const std::string &name) const;                     // empty when missing
     bool Exists(const std::string &name) const { return std::filesystem::exists(path_ / name); }
 
-    // A copy of an example of the source tree, under its own name. Returns its directory's name.
+    // A copy of the files of one directory of the source tree's examples, under its name; an empty name: what lies beside
+    // the examples.
     void CopyExample(const std::string &example) const;
 
 private:

@@ -28,12 +28,24 @@ public:
         std::exit(1);
     }
 
-    void Picture(CProgram &program, const std::string &name) {
+    void Picture(CProgram &program, const std::string &name) { program.Grab(NextPicture(name)); }
+
+    // Runs a command that opens a dialog, takes its picture and cancels it.
+    void Dialog(CProgram &program, int command, const std::string &name) {
+        program.AnswerDialog([file = NextPicture(name)](QWidget &dialog) {
+            dialog.grab().save(QString::fromStdString(file));
+            dialog.close();
+        });
+        program.Command(command);
+        Check(program.AnswersLeft() == 0, "the dialog of " + name + " opens");
+    }
+
+    std::string NextPicture(const std::string &name) {
         char number[8];
         snprintf(number, sizeof number, "%02d", ++pictures_);
         const std::string file = number + ("-" + name) + ".png";
-        program.Grab((directory_ / file).string());
         Say("  picture " + file);
+        return (directory_ / file).string();
     }
 
 private:
@@ -43,6 +55,40 @@ private:
 };
 
 bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+
+void StartWithNothing(CTour &tour) {
+    CScratch scratch;
+    CProgram program(scratch);
+    tour.Say("Start for the first time");
+    tour.Check(program.Start(), "the program starts");
+    program.Frame().resize(1240, 800);
+    tour.Picture(program, "first-start");
+    tour.Dialog(program, ID_APP_ABOUT, "about");
+}
+
+void WorkOnTwoProjects(CTour &tour) {
+    CScratch scratch;
+    scratch.CopyExample("blink");
+    scratch.CopyExample("greeting");
+    scratch.CopyExample("");
+    CProgram program(scratch, {scratch.Native("examples.__w")});
+    tour.Say("Start on a workspace with two projects");
+    tour.Check(program.Start(), "the program starts");
+    program.Frame().resize(1240, 800);
+    tour.Say("Build both");
+    tour.Check(program.Build(ID_BUILD_ALL), "the build ends");
+    tour.Say(program.BuildText());
+    tour.Check(scratch.Exists("blink/Debug/blink.hex") && scratch.Exists("greeting/Debug/greeting.hex"),
+               "both projects leave an image");
+    tour.Picture(program, "workspace-built");
+
+    tour.Say("Look at the dialogs");
+    tour.Dialog(program, ID_PROJECT_OPTIONS, "options");
+    tour.Dialog(program, ID_PROJECT_TARGET, "target");
+    tour.Dialog(program, ID_PROJECT_COMPILER, "compiler");
+    tour.Dialog(program, ID_BUILD_OPTIONS, "build-options");
+    tour.Check(program.Unexpected().empty(), "no box came up");
+}
 
 void OpenBuildAndJump(CTour &tour) {
     CScratch scratch;
@@ -70,7 +116,7 @@ void OpenBuildAndJump(CTour &tour) {
     CIDEView *view = program.ActiveView();
     tour.Check(view, "a view is active");
     std::string source = scratch.Read("blink/main.asm");
-    source.insert(source.find("            pagesel main"), "            movlq   0x12\r\n");
+    source.insert(source.find("            call    led_start"), "            movlq   0x12\n");
     scratch.Write("blink/main.asm", source);
     program.App().fileTracker.DisarmFile(scratch.Windows("blink/main.asm"));
     program.ActiveDocument()->ReloadFromDisk();
@@ -105,7 +151,9 @@ int main(int argc, char **argv) {
     std::filesystem::create_directories(directory);
     QApplication application(argc, argv);
     CTour tour(directory);
+    StartWithNothing(tour);
     OpenBuildAndJump(tour);
+    WorkOnTwoProjects(tour);
     tour.Say("The tour is over.");
     return 0;
 }
