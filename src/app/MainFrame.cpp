@@ -65,6 +65,7 @@ CMainFrame::~CMainFrame() {
 
 bool CMainFrame::Create() {
     if (!LoadFrame(IDR_MAINFRAME) || !CreateBars()) return false;
+    CIDEApp::Get().build.LoadBuildToolBar(IDR_MAINFRAME);
     ReadTabSettings();
     ApplyTabSettings();
     return true;
@@ -80,7 +81,6 @@ bool CMainFrame::CreateBars() {
     connect(configBox_, &QComboBox::activated, this, [this] { RunCommand(ID_CONFIG_SELECT); });
     buildToolBar_ = new CXTToolBar(kBarBuild, LoadText(IDS_BAR_BUILD), this);
     buildToolBar_->SetBoxProvider([this](int command) { return command == ID_CONFIG_SELECT ? configBox_ : nullptr; });
-    buildToolBar_->LoadToolBar(IDR_MAINFRAME);
     addToolBar(Qt::TopToolBarArea, buildToolBar_);
 
     outputBar_ = new COutputBar(this);
@@ -184,10 +184,7 @@ void CMainFrame::MapCommands() {
                 tabsTop_ = top;
                 ApplyTabSettings();
             },
-            [this, top](CCmdUI &ui) {
-                ui.Enable(tabsOn_);
-                ui.SetCheck(tabsTop_ == top);
-            });
+            [this, top](CCmdUI &ui) { ui.SetCheck(tabsTop_ == top); });
     };
     place(ID_TABS_TOP, true);
     place(ID_TABS_BOTTOM, false);
@@ -209,6 +206,15 @@ void CMainFrame::MapCommands() {
     withChild(ID_WINDOW_CLOSE_ALL, [] {
         if (CIDEApp::Get().SaveAllModified()) CIDEApp::Get().CloseAllDocuments();
     });
+    OnCommandRange(
+        ID_WINDOW_LIST, ID_WINDOW_LIST + kWindowListEntries - 1,
+        [this](int id) { Children()[static_cast<size_t>(id - ID_WINDOW_LIST)]->ActivateFrame(); },
+        [this](CCmdUI &ui) {
+            const std::vector<CMDIChildWnd *> children = Children();
+            const auto index = static_cast<size_t>(ui.id - ID_WINDOW_LIST);
+            ui.Enable(index < children.size());
+            ui.SetCheck(index < children.size() && children[index] == MDIGetActive());
+        });
     const auto tabChild = [this] { return tabMenuChild_ ? tabMenuChild_ : MDIGetActive(); };
     withChild(ID_TAB_ACTIVATE, [tabChild] { tabChild()->ActivateFrame(); });
     withChild(ID_TAB_CLOSE, [tabChild] { tabChild()->close(); });
@@ -292,7 +298,7 @@ void CMainFrame::FillToolsMenu() {
         action->setIcon(StandardStepIcon(name));
         menu->addAction(action);
     }
-    menu->menuAction()->setVisible(!menu->isEmpty());
+    if (menu->isEmpty()) menu->addAction(MakeCommandAction(ID_TOOL_STEPS, LoadText(IDS_EMPTY_TREE), menu));
 }
 
 QIcon CMainFrame::StandardStepIcon(const std::string &name) const {

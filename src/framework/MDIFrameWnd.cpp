@@ -245,20 +245,17 @@ void CMDIFrameWnd::Tile(Qt::Orientation rows) {
 }
 
 void CMDIFrameWnd::FillWindowList(QMenu *menu, int firstCommand) {
-    constexpr int kShown = 9;
     for (QAction *action : menu->actions()) {
         const int command = action->data().toInt();
-        if (command >= firstCommand && command < firstCommand + kShown) menu->removeAction(action);
+        if (command < firstCommand || command >= firstCommand + kWindowListEntries) continue;
+        menu->removeAction(action);
+        action->deleteLater();
     }
     const std::vector<CMDIChildWnd *> children = Children();
-    for (int i = 0; i < std::min<int>(kShown, static_cast<int>(children.size())); ++i) {
-        CMDIChildWnd *child = children[static_cast<size_t>(i)];
-        QAction *action = menu->addAction(QString("&%1 %2").arg(i + 1).arg(child->windowTitle().replace("&", "&&")));
-        action->setCheckable(true);
-        action->setChecked(child == MDIGetActive());
-        action->setData(firstCommand + i);
-        action->setProperty(kBaseText, action->text());
-        connect(action, &QAction::triggered, child, [child] { child->ActivateFrame(); });
+    if (!children.empty() && !menu->actions().empty() && !menu->actions().back()->isSeparator()) menu->addSeparator();
+    for (int i = 0; i < std::min(kWindowListEntries, static_cast<int>(children.size())); ++i) {
+        const QString title = children[static_cast<size_t>(i)]->windowTitle().replace("&", "&&");
+        menu->addAction(MakeCommandAction(firstCommand + i, FromQString(QString("&%1 %2").arg(i + 1).arg(title)), menu));
     }
 }
 
@@ -297,6 +294,8 @@ void CMDIFrameWnd::UpdateTitle() {
 }
 
 bool CMDIFrameWnd::event(QEvent *event) {
+    if (event->type() == QEvent::Polish || event->type() == QEvent::PaletteChange)
+        client_->setBackground(palette().brush(QPalette::Active, QPalette::Window));
     // A maximised child writes its own title into the main window's; the composed one stays.
     if (event->type() == QEvent::WindowTitleChange && !composing_) {
         const bool handled = QMainWindow::event(event);
