@@ -47,7 +47,9 @@ void CBuildDriver::MapCommands() {
         OnCommand(rebuild, [this] { BuildAll(kRebuild, false); }, canBuildAll);
     OnCommand(ID_CLEAN_ALL, [this] { BuildAll(kClean, true); }, canBuildAll);
 
-    OnCommandRange(ID_TOOL_STEPS, kLastToolStep, [this](int id) { RunToolStep(id - ID_TOOL_STEPS); }, canBuild);
+    OnCommandRange(
+        ID_TOOL_STEPS, kLastToolStep, [this](int id) { RunToolStep(id - ID_TOOL_STEPS); },
+        [this](CCmdUI &ui) { ui.Enable(CanBuild() && ui.id - ID_TOOL_STEPS < WorkspaceOrNone().GetToolsNumber()); });
     for (const StandardCommand &command : kStandardCommands) {
         const StandardStep step = command.step;
         OnCommand(command.run, [this, step] { RunStandardStep(step); },

@@ -58,7 +58,8 @@ public:
     void SetTabs(bool on, bool top);
     void Cascade();
     void Tile(Qt::Orientation rows);  // horizontal: one above the other
-    void FillWindowList(QMenu *menu, int firstCommand);  // at most nine open children, at the menu's end
+    static constexpr int kWindowListEntries = 9;
+    void FillWindowList(QMenu *menu, int firstCommand);  // the first open children, at the menu's end
     void RefreshTabs();
 
 protected:

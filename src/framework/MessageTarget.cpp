@@ -90,8 +90,10 @@ private:
     }
 
     // What a slice leaves waits for a timer of no length: posting an event instead would keep painting and input out.
+    // The timer is set beforehand, because a handler may run an event loop of its own, a box, in which it serves too.
     void DeliverSlice() {
-        if (Deliver(true)) again_.start(0);
+        again_.start(0);
+        if (!Deliver(true)) again_.stop();
     }
 
     std::mutex mutex_;

@@ -128,23 +128,25 @@ bool CWorkspaceController::CloseWorkspace() {
     return true;
 }
 
-bool CWorkspaceController::SwitchWorkspace(const std::string &path) {
+SwitchResult CWorkspaceController::SwitchWorkspace(const std::string &path) {
     const bool multiple = EqualNoCase(CPath(path).GetExtension(), "__w");
     const bool exists = FileExists(path);
-    if (!exists && !multiple) return CreateProject(path);
-    if (!CloseWorkspace()) return false;
-    if (!exists && !CreateFileOrTell(path)) return false;
-    return OpenWorkspace(path.c_str(), multiple);
+    const std::string file = exists || multiple ? path : MakeProject(path);
+    if (file.empty() || !CloseWorkspace()) return SwitchResult::cancelled;
+    if (!exists && multiple && !CreateFileOrTell(file)) return SwitchResult::failed;
+    return OpenWorkspace(file.c_str(), multiple) ? SwitchResult::opened : SwitchResult::failed;
+}
+
+std::string CWorkspaceController::MakeProject(const std::string &path) {
+    CProjectWorkspace workspace(path.c_str());
+    if (!AddNewProject(workspace, path, &Frame(), WorkspaceOrNone().GetCompilerName())) return {};
+    workspace.Save();
+    return workspace.ProjectFullPath({});
 }
 
 bool CWorkspaceController::CreateProject(const std::string &path) {
-    std::string full;
-    {
-        CProjectWorkspace workspace(path.c_str());
-        if (!AddNewProject(workspace, path, &Frame(), WorkspaceOrNone().GetCompilerName())) return false;
-        workspace.Save();
-        full = workspace.ProjectFullPath({});
-    }
+    const std::string full = MakeProject(path);
+    if (full.empty()) return false;
     if (OpenWorkspace(full.c_str(), false)) return true;
     Frame().ShowError(LoadText(IDS_CANT_OPEN_WORKSPACE, {DisplayPath(full)}));
     return false;
@@ -169,6 +171,8 @@ void CWorkspaceController::ShowLabels(bool multiple) {
 void CWorkspaceController::ShowNothing() {
     CMainFrame &frame = Frame();
     frame.ConfigBox().ResetContent();
+    for (int pane : {kPaneWorkspace, kPaneTarget, kPaneCompiler, kPaneClock}) frame.SetStatusText(pane, {});
+    frame.WorkspaceBar().SetTitle({});
     frame.WorkspaceBar().Clear();
     CIDEApp::Get().symbols.UpdateBrowseInfo();
     frame.RefreshTitle();

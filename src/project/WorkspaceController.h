@@ -10,6 +10,8 @@
 class CMainFrame;
 class CWorkspace;
 
+enum class SwitchResult { opened, cancelled, failed };
+
 // Main thread. The application asks it for the commands on workspace and projects. Nothing here is called before the
 // main frame exists.
 class CWorkspaceController : public CCmdTarget {
@@ -24,8 +26,8 @@ public:
     bool CloseWorkspace();  // false when the user cancelled a save question; all is then as before
 
     // Opens `path` by its extension after the documents were saved and the workspace closed. A file that doesn't exist
-    // is made: an empty workspace, or a new project as the user wants it. False when nothing was opened.
-    bool SwitchWorkspace(const std::string &path);
+    // is made: an empty workspace, or a new project as the user wants it. Cancelled leaves what is open.
+    SwitchResult SwitchWorkspace(const std::string &path);
 
     // `oldFile`: full name of the file of the project that is active so far; may be empty.
     void ActivateProject(const std::string &oldFile, const std::string &name);
@@ -42,6 +44,7 @@ public:
     CProjectCommands &Projects() { return projects_; }
 
 private:
+    std::string MakeProject(const std::string &path);  // asks as needed; full name of its file, empty when none was made
     void ShowLabels(bool multiple);
     void ShowNothing();    // no workspace is open
     void ShowWorkspace();  // another one is open
