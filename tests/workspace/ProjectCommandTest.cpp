@@ -1,0 +1,128 @@
+#include <QComboBox>
+#include <QListWidget>
+#include <QTimer>
+
+#include "WorkspaceProgram.h"
+#include "framework/Text.h"
+#include "project/CurrentWorkspace.h"
+#include "project/ProjectCommands.h"
+#include "project/Workspace.h"
+
+namespace {
+
+using ProjectCommands = WorkspaceProgram;
+
+void Accept(QWidget &dialog) {
+    QMetaObject::invokeMethod(&dialog, "accept");
+}
+
+TEST_F(ProjectCommands, FilesAreAddedAndRemovedByTheirCommands) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    scratch.Write("blink/sub/one.asm", "\tend\n");
+    const size_t before = WorkspaceOrNone().GetFileList().size();
+    PickFile("blink/sub/one.asm");
+    program.Command(ID_PROJECT_ADD_FILES);
+    program.Settle();
+    EXPECT_TRUE(WorkspaceOrNone().HasFile({}, "sub\\one.asm"));
+    EXPECT_NE(scratch.Read("blink/blink.__c").find("=sub\\one.asm"), std::string::npos);
+    EXPECT_NE(scratch.Read("blink/blink.__c").find("Last Ext=asm"), std::string::npos);
+
+    PickFile("blink/sub/one.asm");
+    program.Answer(IDOK);
+    program.Command(ID_PROJECT_ADD_FILES);
+    program.Settle();
+    EXPECT_EQ(WorkspaceOrNone().GetFileList().size(), before + 1);
+
+    PickFile("blink/fresh.asm");
+    program.Command(ID_PROJECT_ADD_NEW_FILE);
+    program.Settle();
+    EXPECT_EQ(program.ActiveFile(), "fresh.asm");
+    EXPECT_EQ(scratch.Read("blink/fresh.asm"), WorkspaceOrNone().EmptySrcContent({}, "fresh"));
+    EXPECT_TRUE(program.IsEnabled(ID_PROJECT_REMOVE_FILE));
+    program.Answer(IDYES);
+    program.Command(ID_PROJECT_REMOVE_FILE);
+    EXPECT_FALSE(WorkspaceOrNone().HasFile({}, "fresh.asm"));
+    EXPECT_TRUE(scratch.Exists("blink/fresh.asm"));
+    EXPECT_FALSE(program.IsEnabled(ID_PROJECT_REMOVE_FILE));
+}
+
+TEST_F(ProjectCommands, ANewProjectComesWithItsFirstSource) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    PickFile("fresh.__c");
+    program.AnswerDialog([](QWidget &dialog) {
+        EXPECT_EQ(dialog.findChild<QComboBox *>()->currentText(), "Assembler");
+        dialog.findChild<QListWidget *>()->setCurrentRow(1);
+        Accept(dialog);
+    });
+    program.Command(ID_PROJECT_NEW);
+    program.Settle();
+    EXPECT_EQ(program.App().GetActiveProjectPath(), scratch.Windows("fresh.__c"));
+    EXPECT_EQ(program.App().WorkspaceKind(), 1);
+    const std::string source = "fresh" + WorkspaceOrNone().GetFilterExt();
+    EXPECT_EQ(WorkspaceOrNone().GetFileList(), std::vector<std::string>{source});
+    EXPECT_EQ(scratch.Read(source), WorkspaceOrNone().EmptySrcContent({}, "fresh"));
+
+    scratch.Write("other.asm", "mine");
+    ASSERT_TRUE(OpenBoth());
+    PickFile("other.__c");
+    program.AnswerDialog([](QWidget &dialog) {
+        dialog.findChild<QListWidget *>()->setCurrentRow(1);
+        Accept(dialog);
+    });
+    program.Answer(IDNO);
+    program.Command(ID_PROJECT_NEW_INTO);
+    EXPECT_EQ(WorkspaceOrNone().GetProjects().size(), 3u);
+    EXPECT_EQ(program.App().GetActiveProjectPath(), scratch.Windows("other.__c"));
+    EXPECT_EQ(scratch.Read("other.asm"), "mine");
+    EXPECT_TRUE(WorkspaceOrNone().GetFileList().empty());
+}
+
+TEST_F(ProjectCommands, TheCompilerDialogInsistsOnASelection) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    program.AnswerDialog([](QWidget &dialog) {
+        auto *list = dialog.findChild<QListWidget *>();
+        ASSERT_NE(list->currentItem(), nullptr);
+        EXPECT_EQ(list->currentItem()->text(), "Assembler");
+        list->setCurrentItem(nullptr);
+        QTimer::singleShot(0, &dialog, [&dialog] { Accept(dialog); });
+    });
+    program.Answer(IDOK);
+    program.AnswerDialog([](QWidget &dialog) {
+        dialog.findChild<QListWidget *>()->setCurrentRow(0);
+        Accept(dialog);
+    });
+    program.Command(ID_PROJECT_COMPILER);
+    EXPECT_EQ(WorkspaceOrNone().GetCompilerName(), "Assembler");
+}
+
+TEST_F(ProjectCommands, BuildOptionsListTheSteps) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    program.AnswerDialog([](QWidget &dialog) {
+        const auto *list = dialog.findChild<QListWidget *>();
+        ASSERT_EQ(list->count(), WorkspaceOrNone().GetToolsNumber());
+        EXPECT_EQ(FromQString(list->item(0)->text()), WorkspaceOrNone().GetToolActionName({}, 0));
+        EXPECT_EQ(list->item(0)->checkState() == Qt::Checked, WorkspaceOrNone().IsToolActive({}, 0));
+        Accept(dialog);
+    });
+    program.Command(ID_BUILD_OPTIONS);
+}
+
+TEST_F(ProjectCommands, TheOptionsShowTheHostsPagesAndKeepThem) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    program.AnswerDialog([](QWidget &dialog) { Accept(dialog); });
+    program.Command(ID_PROJECT_OPTIONS);
+    const std::string file = scratch.Read("blink/blink.__c");
+    for (const char *line : {"UseSysHeaders=1", "UseSableHeaders=1", "DebugFromMain=1"})
+        EXPECT_NE(file.find(line), std::string::npos) << file;
+}
+
+TEST(ClockRate, ReadsAsMegahertz) {
+    struct {
+        long rate;
+        const char *expected;
+    } const cases[] = {
+        {4000000, "4 MHz"}, {20000000, "20 MHz"}, {3686400, "3.68 MHz"}, {32768, "0.3 MHz"}, {0, "0 MHz"}};
+    for (const auto &c : cases) EXPECT_EQ(ClockRateText(c.rate), c.expected);
+}
+
+}  // namespace
