@@ -59,5 +59,7 @@ bool CFileDialog::DoModal(QWidget *parent) {
     if (selected >= 0) filterIndex = static_cast<int>(selected) + 1;
     paths.clear();
     for (const QString &file : dialog.selectedFiles()) paths.push_back(FromNativePath(FromQString(file)));
+    // Beside a typed name the offered one can still be selected in the list; the typed one comes last.
+    if (!multiple && paths.size() > 1) paths = {paths.back()};
     return !paths.empty();
 }

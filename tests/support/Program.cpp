@@ -62,7 +62,8 @@ bool CProgram::WaitFor(const std::function<bool()> &done, std::chrono::seconds l
     clock.start();
     while (!done()) {
         if (clock.hasExpired(std::chrono::duration_cast<std::chrono::milliseconds>(limit).count())) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        // Sleeps while nothing happens: the watch for modal windows wakes it often enough.
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
@@ -144,13 +145,10 @@ void CProgram::AnswerFiles(std::vector<std::string> nativePaths) {
 void CProgram::AnswerDialog(std::function<void(QWidget &)> act) { answers_.push_back(std::move(act)); }
 
 void CProgram::LookForModal() {
+    constexpr const char *kAnswered = "answered";  // a new window can stand at the address of the last one
     QWidget *window = QApplication::activeModalWidget();
-    if (!window) {
-        handled_ = nullptr;
-        return;
-    }
-    if (window == handled_ || !window->isVisible()) return;
-    handled_ = window;
+    if (!window || !window->isVisible() || window->property(kAnswered).toBool()) return;
+    window->setProperty(kAnswered, true);
     auto *box = qobject_cast<QMessageBox *>(window);
     if (box) boxes_.push_back(FromQString(box->text()));
     if (answers_.empty()) {

@@ -66,7 +66,6 @@ private:
     std::unique_ptr<QTimer> watch_;
     std::deque<std::function<void(QWidget &)>> answers_;
     std::vector<std::string> unexpected_, boxes_;
-    QWidget *handled_ = nullptr;  // the modal window that has its answer
 };
 
 // Process-wide set-up of a test program: off-screen unless told otherwise; call first in main.
