@@ -53,7 +53,9 @@ bool CBuildDriver::BuildProject(const std::string &project, const std::string &a
     ShowBuildTab();
 
     const bool queued = QueueProjectBuild(clean, project, arguments);
-    if (!first) return queued;
+    // While the user was asked about this project, the steps of those before it may have come to their end.
+    const bool starts = first || !app.messageList.IsHeadStarted();
+    if (!starts) return queued;
     if (queued && app.messageList.StartNext()) return true;
     LoadBuildToolBar(IDR_MAINFRAME);
     app.AddOutputLine(LoadText(IDS_BUILD_FAILED));

@@ -9,15 +9,22 @@
 
 bool CMessageList::StartNext() {
     if (steps_.empty()) return false;
-    if (steps_.front()->Execute()) return true;
+    if (ExecuteHead()) return true;
     CIDEApp::Get().AddOutputLine(LoadText(IDS_NEXT_STEP_FAILED));
     Clear();
     return false;
 }
 
+bool CMessageList::ExecuteHead() {
+    headStarted_ = true;  // before it may turn the event loop, with a box of the toolsuite's
+    headStarted_ = steps_.front()->Execute();
+    return headStarted_;
+}
+
 void CMessageList::Clear() {
     semaphore_.acquire();
     steps_.clear();
+    headStarted_ = false;
     semaphore_.release();
 }
 
@@ -40,7 +47,7 @@ void CMessageList::OnChildEnded() {
         }
     }
     if (!steps_.empty()) {
-        if (steps_.front()->Execute()) return;
+        if (ExecuteHead()) return;
         const std::string name = steps_.front()->GetName();
         Clear();
         app.AddOutputLine(LoadText(IDS_STEP_START_FAILED, {name}));
@@ -51,6 +58,7 @@ void CMessageList::OnChildEnded() {
 std::unique_ptr<CMessage> CMessageList::RemoveHead() {
     std::unique_ptr<CMessage> head = std::move(steps_.front());
     steps_.pop_front();
+    headStarted_ = false;
     return head;
 }
 

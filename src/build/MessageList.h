@@ -13,6 +13,7 @@ class CMessageList {
 public:
     bool IsEmpty() const { return steps_.empty(); }
     size_t GetCount() const { return steps_.size(); }
+    bool IsHeadStarted() const { return headStarted_; }  // the head was executed, and its end hasn't been handled
     void AddTail(std::unique_ptr<CMessage> step) { steps_.push_back(std::move(step)); }
 
     bool StartNext();     // executes the head; false, with a line in the build list and an empty queue, when it can't
@@ -25,9 +26,11 @@ public:
     void OnChildEnded();                         // kMsgChildEnded: ends the head and starts the next step
 
 private:
+    bool ExecuteHead();
     std::unique_ptr<CMessage> RemoveHead();
     void Finish();
 
     std::list<std::unique_ptr<CMessage>> steps_;
+    bool headStarted_ = false;
     std::binary_semaphore semaphore_{1};
 };
