@@ -45,10 +45,14 @@ void CMDITabs::Refresh() {
         const CDocument *document = child->GetActiveDocument();
         if (!document) continue;
         // The tab shows the file's name; a document's title is its whole path, with the star behind it.
+        // Each text that is set lays all tabs out again.
         const QString title = ToQString(document->GetTitle());
-        setTabText(tab, QString(title.mid(title.lastIndexOf('/') + 1)).replace("&", "&&"));
-        const std::string &path = document->GetPathName();
-        setTabToolTip(tab, path.empty() ? title : ToQString(DisplayPath(path)));
+        const QString text = QString(title.mid(title.lastIndexOf('/') + 1)).replace("&", "&&");
+        if (text != tabText(tab)) setTabText(tab, text);
+        const QString path = ToQString(document->GetPathName());
+        if (path == tabData(tab).toString() && !path.isEmpty()) continue;
+        setTabData(tab, path);
+        setTabToolTip(tab, path.isEmpty() ? title : ToQString(DisplayPath(document->GetPathName())));
     }
     const auto active = std::ranges::find(children, frame_->MDIGetActive());
     if (active != children.end()) setCurrentIndex(static_cast<int>(active - children.begin()));
