@@ -1,6 +1,7 @@
 #include "build/BuildDriver.h"
 
 #include <QGuiApplication>
+#include <QTimer>
 
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -117,7 +118,9 @@ void CBuildDriver::StopBuild() {
     CIDEApp &app = CIDEApp::Get();
     app.AddOutputLine(LoadText(IDS_BUILD_STOPPED));
     app.messageList.KeepHeadOnly();
-    app.redirect.Stop();
+    // The launcher takes its time with a command that ignores the polite signal; the window goes on meanwhile.
+    app.redirect.RequestStop();
+    QTimer::singleShot(CXRedirect::kStopLimit, app.GetMainFrame(), [&app] { app.redirect.StopIfOverdue(); });
 }
 
 bool CBuildDriver::CheckSableProject(const std::string &name) {

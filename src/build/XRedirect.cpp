@@ -13,7 +13,6 @@ constexpr const char *kLauncher = "pspawn.exe";
 constexpr size_t kReadBytes = 8192;
 constexpr size_t kMostDrainRounds = 1024;  // more than the largest pipe holds
 constexpr auto kRoundWithoutData = 40ms;
-constexpr auto kWaitWithEvent = 3000ms;
 constexpr auto kWaitWithoutEvent = 500ms;
 
 }  // namespace
@@ -44,17 +43,27 @@ bool CXRedirect::Start(const std::string &command, const std::string &directory,
     return true;
 }
 
+void CXRedirect::RequestStop() {
+    if (!exists_ || stopping_) return;
+    const bool hasEvent = stopEvent_.Descriptor() != -1;
+    stopLimit_ = std::chrono::steady_clock::now() + (hasEvent ? kStopLimit : kWaitWithoutEvent);
+    stopping_ = true;
+    if (hasEvent) stopEvent_.Set();
+}
+
 int CXRedirect::Stop() {
     if (!worker_.joinable()) return exitCode_;
-    if (!WaitForWorker(1ms)) {
-        stopping_ = true;
-        const bool hasEvent = stopEvent_.Descriptor() != -1;
-        if (hasEvent) stopEvent_.Set();
-        if (!WaitForWorker(hasEvent ? kWaitWithEvent : kWaitWithoutEvent)) abandoned_ = true;
+    if (!WaitForWorker(std::chrono::steady_clock::now() + 1ms)) {
+        RequestStop();
+        if (!WaitForWorker(stopLimit_)) abandoned_ = true;
     }
     worker_.join();
     Terminate();
     return exitCode_;
+}
+
+void CXRedirect::StopIfOverdue() {
+    if (exists_ && stopping_ && std::chrono::steady_clock::now() >= stopLimit_) Stop();
 }
 
 // The last callback comes once, from the worker or from who gave the worker up.
@@ -63,9 +72,9 @@ void CXRedirect::Terminate() {
     exists_ = false;
 }
 
-bool CXRedirect::WaitForWorker(std::chrono::milliseconds limit) {
+bool CXRedirect::WaitForWorker(std::chrono::steady_clock::time_point limit) {
     std::unique_lock lock(mutex_);
-    return ended_.wait_for(lock, limit, [this] { return workerEnded_; });
+    return ended_.wait_until(lock, limit, [this] { return workerEnded_; });
 }
 
 void CXRedirect::Work() {

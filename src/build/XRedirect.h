@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -28,9 +29,16 @@ public:
     // exit code of 1.
     bool Start(const std::string &command, const std::string &directory, int32_t parameter);
 
+    // Asks a running command to end and returns at once; OnChildTerminate tells when it has.
+    void RequestStop();
+
     // Asks a running command to end, waits for its last lines, and returns the last exit code. Takes at most about
-    // three seconds: a launcher that doesn't react is then left to itself, and OnChildTerminate comes from here.
+    // three seconds from the first request on: a launcher that doesn't react is then left to itself, and
+    // OnChildTerminate comes from here.
     int Stop();
+
+    void StopIfOverdue();  // Stop, when a request wasn't followed within its time; to be called after kStopLimit
+    static constexpr std::chrono::milliseconds kStopLimit{3000};
 
     int ExitCode() const { return exitCode_; }  // 999 before any run, 1 from Start on, then the child's
 
@@ -42,7 +50,7 @@ protected:
     // one: from then on Start succeeds again.
     virtual void OnChildTerminate() { exists_ = false; }
 
-    bool IsStopping() const { return stopping_; }  // Stop was called; any thread
+    bool IsStopping() const { return stopping_; }  // a stop was asked for; any thread
 
 private:
     static constexpr int kExitCodeBeforeRun = 999;
@@ -52,11 +60,12 @@ private:
     void ReadUntilEnd(CChildProcess &child, ConsoleLineSplitter &splitter);
     bool ReadOnce(CChildProcess &child, CChildProcess::Pipe pipe, ConsoleLineSplitter &splitter);
     void Terminate();
-    bool WaitForWorker(std::chrono::milliseconds limit);
+    bool WaitForWorker(std::chrono::steady_clock::time_point limit);
 
     std::string command_, directory_;
     int32_t parameter_ = 0;
     CStopEvent stopEvent_;
+    std::chrono::steady_clock::time_point stopLimit_;  // of a request
     std::thread worker_;
     std::atomic<int> exitCode_{kExitCodeBeforeRun};
     std::atomic<bool> exists_{false};      // a worker that hasn't come to its last callback
