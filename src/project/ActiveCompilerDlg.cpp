@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "app/MainFrame.h"
+#include "app/Path.h"
 #include "app/StringIds.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
@@ -21,7 +22,7 @@ CActiveCompilerDlg::CActiveCompilerDlg(QWidget *parent, const std::string &selec
     ScanToolsuites([this](const CSharedLibrary &library, const std::string &name) {
         if (!list_->findItems(ToQString(name), Qt::MatchExactly | Qt::MatchCaseSensitive).isEmpty()) return;
         auto *item = new QListWidgetItem(ToQString(name), list_);
-        item->setData(Qt::UserRole, ToQString(library.Path()));
+        item->setData(Qt::UserRole, ToQString(CPath(library.Path()).GetFileName()));
     });
     const auto present = list_->findItems(ToQString(selected), Qt::MatchExactly);
     if (!present.isEmpty()) list_->setCurrentItem(present.front());

@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr size_t kShortestEntry = 4;  // bytes of a line that can hold a numbered key
+constexpr size_t kShortestEntry = 4;     // bytes of a line that can hold a numbered key
+constexpr size_t kAlwaysCounted = 5000;  // entries that cost no time to look for, in a list with gaps too
 
 bool IsBlank(const std::string &text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
@@ -36,5 +37,5 @@ size_t ReadProfileCount(const std::string &section, const std::string &key, cons
     const int count = GetPrivateProfileIntA(section.c_str(), key.c_str(), 0, path.c_str());
     const auto body = ReadWholeFile(path);
     if (count <= 0 || !body) return 0;
-    return std::min(static_cast<size_t>(count), body->size() / kShortestEntry);
+    return std::min(static_cast<size_t>(count), std::max(body->size() / kShortestEntry, kAlwaysCounted));
 }

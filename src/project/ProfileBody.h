@@ -8,5 +8,6 @@
 // Anything else is another program's file and must not be written to.
 bool LooksLikeProfile(const std::string &path);
 
-// A count of numbered keys. A count that the file is too small for is cut down to what it could hold.
+// A count of numbered keys. A count of many thousands that the file is too small for is cut down, so that nobody waits
+// for entries that aren't there.
 size_t ReadProfileCount(const std::string &section, const std::string &key, const std::string &path);

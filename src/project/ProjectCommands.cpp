@@ -216,6 +216,9 @@ void CProjectCommands::ProjectOptions() {
     const bool confirmed = workspace.Configure({}, &Frame(), pages, static_cast<int>(std::size(pages)));
     for (QWidget *page : pages) page->setParent(nullptr);
     if (!confirmed) return;
+    // The sheet's way to choose another target is the project's file.
+    const std::string chosen = GetProjectString("Settings", "Target");
+    if (!chosen.empty() && chosen != present) workspace.SetTarget({}, chosen);
     if (workspace.GetTarget() != present) FollowTargetChange();
     browser->Store();
     debugger->Store();

@@ -64,7 +64,7 @@ public:
     std::string GetMakefilePath(const std::string &project = {}) const;
     std::unique_ptr<CMessage> GenMake(const std::string &project, std::string &error, bool clean);
     bool SetActiveDirectory(const std::string &project, const std::string &directory);
-    std::string GetActiveDirectory(const std::string &project = {}) const;
+    std::string GetActiveDirectory(const std::string &project = {}) const;  // full path, or empty
     bool SetTarget(const std::string &project, const std::string &target);
     std::string GetTarget(const std::string &project = {}) const;
     bool SetCompiler(const std::string &project, const std::string &toolsuite);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "build/Message.h"
+#include "platform/PathCalls.h"
 #include "project/Workspace.h"
 
 bool CWorkspace::HasFile(const std::string &project, const std::string &file) const {
@@ -41,7 +42,11 @@ bool CWorkspace::SetActiveDirectory(const std::string &project, const std::strin
 }
 
 std::string CWorkspace::GetActiveDirectory(const std::string &project) const {
-    return Call(project, std::string(), [](CProject &found) { return found.GetActiveDirectory(); });
+    // A directory that came with the project's name is relative to the workspace, as that name is.
+    return Call(project, std::string(), [](CProject &found) {
+        const std::string &directory = found.GetActiveDirectory();
+        return directory.empty() ? std::string() : GetFullPathNameA(directory);
+    });
 }
 
 bool CWorkspace::SetTarget(const std::string &project, const std::string &target) {

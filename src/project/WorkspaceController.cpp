@@ -147,6 +147,11 @@ std::string CWorkspaceController::MakeProject(const std::string &path) {
 bool CWorkspaceController::CreateProject(const std::string &path) {
     const std::string full = MakeProject(path);
     if (full.empty()) return false;
+    // A project that was made over an open one: what the old one held must not be saved into it.
+    if (const auto old = WorkspaceOrNone().FindProject(full)) {
+        old->Load();
+        LoadProjectState();
+    }
     if (OpenWorkspace(full.c_str(), false)) return true;
     Frame().ShowError(LoadText(IDS_CANT_OPEN_WORKSPACE, {DisplayPath(full)}));
     return false;

@@ -59,6 +59,7 @@ TEST_F(ProjectTest, LoadSortsTheFileListAndDropsDoubles) {
         {"Count=1\r\nFile0=..\\lib\\x.lib\r\n", {"..\\lib\\x.lib"}, "Count=1\r\nFile0=..\\lib\\x.lib\r\n"},
         {"Count=1\r\nFile0=d:\\other\\x.c\r\n", {"d:\\other\\x.c"}, "File0=d:\\other\\x.c\r\n"},
         {"Count=2000000000\r\nFile0=a.c\r\n", {"a.c"}, "Count=1\r\nFile0=a.c\r\n"},
+        {"Count=1000\r\nFile999=z.c\r\n", {"z.c"}, "Count=1\r\nFile999=z.c\r\nFile0=z.c\r\n"},
         {"Count=-1\r\nFile0=a.c\r\n", {}, "Count=-1\r\nFile0=a.c\r\n"},
     };
     for (const auto &c : cases) {

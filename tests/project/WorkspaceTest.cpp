@@ -97,6 +97,16 @@ TEST_F(WorkspaceTest, AProjectIsFoundUnderAnySpelling) {
     EXPECT_EQ(workspace.FindProject("one.__c"), nullptr);
 }
 
+TEST_F(WorkspaceTest, TheActiveDirectoryIsGivenAsAFullPath) {
+    WriteProject("two/two.__c");
+    Write("w/readme", "");
+    CWorkspace workspace(Path("w/all.__w").c_str());
+    ASSERT_TRUE(workspace.AddProject("..\\two\\two.__c", true, true));
+    EXPECT_EQ(workspace.GetActiveDirectory(), Path("two") + "\\") << "the directory of the stored name";
+    ASSERT_TRUE(workspace.SetActiveDirectory({}, Path("w")));
+    EXPECT_EQ(workspace.GetActiveDirectory(), Path("w"));
+}
+
 TEST_F(WorkspaceTest, SaveWritesTheListInTheOldPlaceOfKeys) {
     WriteProject("w/one.__c");
     WriteProject("two/two.__c");

@@ -4,6 +4,7 @@
 
 #include "WorkspaceProgram.h"
 #include "framework/Text.h"
+#include "platform/Profile.h"
 #include "project/CurrentWorkspace.h"
 #include "project/ProjectCommands.h"
 #include "project/Workspace.h"
@@ -77,6 +78,22 @@ TEST_F(ProjectCommands, ANewProjectComesWithItsFirstSource) {
     EXPECT_TRUE(WorkspaceOrNone().GetFileList().empty());
 }
 
+TEST_F(ProjectCommands, ANewProjectInThePlaceOfTheOpenOneIsEmpty) {
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    program.App().bookmarks.Add(scratch.Windows("blink/main.asm"), 7, false);
+    PickFile("blink/blink.__c");
+    program.Answer(IDYES);
+    program.AnswerDialog([](QWidget &dialog) {
+        dialog.findChild<QListWidget *>()->setCurrentRow(0);
+        Accept(dialog);
+    });
+    program.Command(ID_PROJECT_NEW);
+    program.Settle();
+    EXPECT_EQ(program.App().GetActiveProjectPath(), scratch.Windows("blink/blink.__c"));
+    EXPECT_TRUE(WorkspaceOrNone().GetFileList().empty());
+    EXPECT_TRUE(program.App().bookmarks.Markers().empty());
+}
+
 TEST_F(ProjectCommands, TheCompilerDialogInsistsOnASelection) {
     ASSERT_TRUE(Open("blink/blink.__c"));
     program.AnswerDialog([](QWidget &dialog) {
@@ -109,8 +126,14 @@ TEST_F(ProjectCommands, BuildOptionsListTheSteps) {
 
 TEST_F(ProjectCommands, TheOptionsShowTheHostsPagesAndKeepThem) {
     ASSERT_TRUE(Open("blink/blink.__c"));
-    program.AnswerDialog([](QWidget &dialog) { Accept(dialog); });
+    program.AnswerDialog([this](QWidget &dialog) {
+        // As a toolsuite does whose sheet offers the target as well.
+        WritePrivateProfileStringA("Settings", "Target", "PIC16F877A", scratch.Windows("blink/blink.__c").c_str());
+        Accept(dialog);
+    });
     program.Command(ID_PROJECT_OPTIONS);
+    EXPECT_EQ(WorkspaceOrNone().GetTarget(), "PIC16F877A");
+    EXPECT_EQ(program.Frame().GetStatusText(kPaneTarget), "PIC16F877A");
     const std::string file = scratch.Read("blink/blink.__c");
     for (const char *line : {"UseSysHeaders=1", "UseSableHeaders=1", "DebugFromMain=1"})
         EXPECT_NE(file.find(line), std::string::npos) << file;
