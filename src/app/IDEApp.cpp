@@ -167,19 +167,17 @@ bool CIDEApp::OnCmdMsg(int id, CCmdUI *ui) {
 }
 
 void CIDEApp::AddOutputLine(const char *text) {
-    outputSemaphore_.acquire();
-    if (frame_ && frame_->HasOutput()) {
-        const std::string_view line = text ? text : "";
-        if (!text)
-            frame_->OutputBar().ClearBuildList();
-        else if (line.starts_with("!E"))
-            frame_->OutputBar().AddBuildLine("Error" + std::string(line.substr(2)));
-        else if (line.starts_with("!W"))
-            frame_->OutputBar().AddBuildLine("Warning" + std::string(line.substr(2)));
-        else
-            frame_->OutputBar().AddBuildLine(line);
-    }
-    outputSemaphore_.release();
+    std::lock_guard lock(outputMutex_);
+    if (!frame_ || !frame_->HasOutput()) return;
+    const std::string_view line = text ? text : "";
+    if (!text)
+        frame_->OutputBar().ClearBuildList();
+    else if (line.starts_with("!E"))
+        frame_->OutputBar().AddBuildLine("Error" + std::string(line.substr(2)));
+    else if (line.starts_with("!W"))
+        frame_->OutputBar().AddBuildLine("Warning" + std::string(line.substr(2)));
+    else
+        frame_->OutputBar().AddBuildLine(line);
 }
 
 bool CIDEApp::SaveAllDocuments(bool prompt) {

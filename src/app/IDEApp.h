@@ -4,7 +4,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <memory>
-#include <semaphore>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -102,5 +102,5 @@ private:
     std::string commandLine_;
     std::vector<std::string> startupFiles_;  // source files that the command line names
     std::unique_ptr<CMainFrame> frame_;
-    std::binary_semaphore outputSemaphore_{1};
+    std::mutex outputMutex_;
 };

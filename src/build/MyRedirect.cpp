@@ -15,37 +15,28 @@ constexpr size_t kFewestLinesWaiting = 256;
 constexpr double kBytesWaiting = 8 * 1024 * 1024;
 constexpr double kLengthMemory = 64;  // lines over which the typical length is levelled
 
-class Lock {
-public:
-    explicit Lock(std::binary_semaphore &semaphore) : semaphore_(semaphore) { semaphore_.acquire(); }
-    ~Lock() { semaphore_.release(); }
-
-private:
-    std::binary_semaphore &semaphore_;
-};
-
 }  // namespace
 
 CMyRedirect::~CMyRedirect() { Stop(); }
 
 bool CMyRedirect::RunCommand(const std::string &command, const std::string &directory, int32_t parameter) {
-    Lock lock(semaphore_);
+    std::lock_guard lock(callbackMutex_);
     return !busy_ && Start(command, directory, parameter);
 }
 
 void CMyRedirect::OnChildStarted(const std::string &) {
-    Lock lock(semaphore_);
+    std::lock_guard lock(callbackMutex_);
     busy_ = true;
 }
 
 void CMyRedirect::OnChildWrite(std::string_view line) {
     if (!WaitForReceiver(line.size())) return;
-    Lock lock(semaphore_);
+    std::lock_guard lock(callbackMutex_);
     receiver_.Post(kMsgOutputText, std::make_unique<std::string>(line));
 }
 
 void CMyRedirect::OnChildTerminate() {
-    Lock lock(semaphore_);
+    std::lock_guard lock(callbackMutex_);
     CXRedirect::OnChildTerminate();
     busy_ = false;
     receiver_.Post(kMsgChildEnded);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <atomic>
-#include <semaphore>
+#include <mutex>
 #include <string>
 
 #include "build/XRedirect.h"
@@ -33,6 +33,6 @@ private:
 
     CMessagePort receiver_;
     std::atomic<bool> busy_{false};
-    std::binary_semaphore semaphore_{1};  // makes Start and the callbacks exclude each other
-    double typicalLength_ = 0;            // of the lines lately, in bytes; worker only
+    std::mutex callbackMutex_;  // makes Start and the callbacks exclude each other
+    double typicalLength_ = 0;   // of the lines lately, in bytes; worker only
 };

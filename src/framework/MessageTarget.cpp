@@ -27,7 +27,8 @@ struct Message {
     std::unique_ptr<std::string> text;
 };
 
-// The one queue. Its lock is held for a push or a pop only, never while a message is delivered.
+// The one queue. Posting threads push under its lock; the main thread takes all that waits in one go, so that the lock is
+// hardly ever contended, and never held while a message is delivered.
 class CQueue : public QObject {
 public:
     static CQueue &Get() {
@@ -39,32 +40,24 @@ public:
         bool wake;
         {
             std::lock_guard lock(mutex_);
-            messages_.push_back(std::move(message));
+            posted_.push_back(std::move(message));
+            ++waiting_;
             wake = !std::exchange(awake_, true);
         }
         if (wake && QCoreApplication::instance()) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
 
-    size_t Size() {
-        std::lock_guard lock(mutex_);
-        return messages_.size();
-    }
+    size_t Size() const { return waiting_; }
 
-    // With a limit, stops after it; true when messages are left.
+    // With a limit, stops after it; true when messages are left. A handler may deliver what comes behind it.
     bool Deliver(bool sliced) {
         QElapsedTimer clock;
         clock.start();
         for (int count = 1;; ++count) {
-            Message message;
-            {
-                std::lock_guard lock(mutex_);
-                if (messages_.empty()) {
-                    awake_ = false;
-                    return false;
-                }
-                message = std::move(messages_.front());
-                messages_.pop_front();
-            }
+            if (taken_.empty() && !TakePosted()) return false;
+            const Message message = std::move(taken_.front());
+            taken_.pop_front();
+            --waiting_;
             if (CMessageTarget *target = message.link->target; !target)
                 continue;
             else if (message.text)
@@ -96,9 +89,21 @@ private:
         if (!Deliver(true)) again_.stop();
     }
 
+    bool TakePosted() {
+        std::lock_guard lock(mutex_);
+        if (posted_.empty()) {
+            awake_ = false;
+            return false;
+        }
+        taken_.swap(posted_);
+        return true;
+    }
+
     std::mutex mutex_;
-    std::deque<Message> messages_;
-    bool awake_ = false;  // a slice is on its way
+    std::deque<Message> posted_;      // under the lock
+    bool awake_ = false;              // a slice is on its way; under the lock
+    std::deque<Message> taken_;       // older than all of posted_; main thread
+    std::atomic<size_t> waiting_{0};  // in both
     QTimer again_;
 };
 
