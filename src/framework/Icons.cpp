@@ -15,14 +15,11 @@ namespace {
 // Draws an SVG in which "currentColor" stands for the desktop's text colour.
 class CDrawingEngine : public QIconEngine {
 public:
-    explicit CDrawingEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+    CDrawingEngine(QString name, QByteArray drawing) : name_(std::move(name)), drawing_(std::move(drawing)) {}
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
-        const QPalette palette = QApplication::palette();
-        const QColor ink = palette.color(
-            QPalette::Active, mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
         QByteArray drawing = drawing_;
-        drawing.replace("currentColor", ink.name().toLatin1());
+        drawing.replace("currentColor", InkFor(mode).name().toLatin1());
         QSvgRenderer renderer(drawing);
         const qreal opacity = painter->opacity();
         if (mode == QIcon::Disabled) painter->setOpacity(opacity * 0.35);
@@ -30,17 +27,31 @@ public:
         painter->setOpacity(opacity);
     }
 
+    // A tool bar asks for its pictures at each painting: each is drawn once.
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
+        const QString key = QString("drawing/%1/%2x%3/%4/%5")
+                                .arg(name_).arg(size.width()).arg(size.height()).arg(mode).arg(InkFor(mode).name());
+        QPixmap picture;
+        if (QPixmapCache::find(key, &picture)) return picture;
+        picture = QPixmap(size);
         picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
+        {
+            QPainter painter(&picture);
+            paint(&painter, QRect(QPoint(), size), mode, state);
+        }
+        QPixmapCache::insert(key, picture);
         return picture;
     }
 
-    QIconEngine *clone() const override { return new CDrawingEngine(drawing_); }
+    QIconEngine *clone() const override { return new CDrawingEngine(name_, drawing_); }
 
 private:
+    static QColor InkFor(QIcon::Mode mode) {
+        return QApplication::palette().color(
+            QPalette::Active, mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
+    }
+
+    QString name_;
     QByteArray drawing_;
 };
 
@@ -48,7 +59,8 @@ private:
 
 QIcon LoadIcon(const std::string &name) {
     if (name.empty()) return {};
-    QFile file(":/icons/" + ToQString(name) + ".svg");
+    const QString drawing = ToQString(name);
+    QFile file(":/icons/" + drawing + ".svg");
     if (!file.open(QIODevice::ReadOnly)) return {};
-    return QIcon(new CDrawingEngine(file.readAll()));
+    return QIcon(new CDrawingEngine(drawing, file.readAll()));
 }
