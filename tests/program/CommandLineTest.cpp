@@ -126,6 +126,6 @@ TEST_F(CommandLineTest, PassesOverSwitchesAndBlankNamesAndWhatComesTooLate) {
 TEST_F(CommandLineTest, SaysWhichFileItCantRead) {
     Start({"missing.asm", "blink", "blink/led.asm"});
     EXPECT_EQ(OpenFiles(), std::vector<std::string>{scratch.Windows("blink/led.asm")});
-    EXPECT_NE(program->BuildText().find(Text(IDS_CANT_READ_FILE, {scratch.Native("missing.asm")})), std::string::npos);
-    EXPECT_NE(program->BuildText().find(Text(IDS_CANT_READ_FILE, {scratch.Native("blink")})), std::string::npos);
+    for (const char *name : {"missing.asm", "blink"})
+        EXPECT_TRUE(Says(Line(IDS_CANT_READ_FILE, {scratch.Native(name)}))) << program->BuildText();
 }

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <algorithm>
 
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
@@ -49,6 +50,14 @@ void ProgramTest::Set(const std::string &section, const std::string &key, const 
 void ProgramTest::Set(const std::string &section, const std::string &key, int value) {
     ASSERT_TRUE(Store().WriteInt(section, key, value));
 }
+
+std::string ProgramTest::Line(int id, std::initializer_list<std::string> values) {
+    const std::string text = LoadText(id, values);
+    if (text.starts_with("!E")) return "Error" + text.substr(2);
+    return text.starts_with("!W") ? "Warning" + text.substr(2) : text;
+}
+
+bool ProgramTest::Says(const std::string &line) { return std::ranges::count(program->BuildLines(), line) > 0; }
 
 CIDEDoc *ProgramTest::Open(const std::string &name) {
     auto *document = dynamic_cast<CIDEDoc *>(App().OpenDocumentFile(scratch.Windows(name)));

@@ -35,8 +35,9 @@ protected:
     void Set(const std::string &section, const std::string &key, int value);
     bool SettingsExist() { return scratch.Exists("config/ThornwellIDE"); }
 
-    // Lines that the program says for a text of the language library.
-    std::string Text(int id, std::initializer_list<std::string> values = {}) { return LoadText(id, values); }
+    static std::string Text(int id, std::initializer_list<std::string> values = {}) { return LoadText(id, values); }
+    static std::string Line(int id, std::initializer_list<std::string> values = {});  // as the build list shows it
+    bool Says(const std::string &line);                                               // a line of the build list
 
     CIDEDoc *Open(const std::string &name);              // a file of the scratch directory
     CIDEView &ViewOf(CIDEDoc *document);
@@ -51,9 +52,3 @@ protected:
 private:
     CUserStore Store() { return CUserStore(scratch.Native("config/ThornwellIDE/ThornwellIDE.db")); }
 };
-
-inline std::string Joined(const std::vector<std::string> &lines) {
-    std::string text;
-    for (const std::string &line : lines) text += line + "\n";
-    return text;
-}
