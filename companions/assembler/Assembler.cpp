@@ -1,4 +1,5 @@
 // The toolsuite "Assembler": what the host calls, over the parts that know gpasm, gplink and make.
+#include <QMessageBox>
 #include <cstring>
 #include <exception>
 #include <span>
@@ -116,8 +117,12 @@ TOOL_EXPORT int toolConfigure(const char *project, const char *config, QWidget *
         COptionsDialog dialog(LoadOptions(project, config), ConfigurationName(project, config),
                               OptionsDirectory(project), std::span(pages, pages ? static_cast<size_t>(pageCount) : 0),
                               parent);
-        if (dialog.exec() != QDialog::Accepted) return 0;
-        return SaveOptions(dialog.Result(), config) ? 1 : 0;
+        while (dialog.exec() == QDialog::Accepted) {
+            if (SaveOptions(dialog.Result(), config)) return 1;
+            QMessageBox::critical(parent, dialog.windowTitle(),
+                                  QString("The options can't be written to %1.").arg(DisplayPath(config).c_str()));
+        }
+        return 0;
     });
 }
 CHECK_EXPORT(toolConfigure, ToolConfigureFn);
@@ -135,7 +140,9 @@ CHECK_EXPORT(toolTarget, ToolTargetFn);
 
 TOOL_EXPORT int toolIsValidTarget(const char *, const char *target) {
     return Guarded(0, [&] {
-        if (!target || !FindDevice(target)) return 0;
+        if (!target) return 0;
+        if (Devices().empty()) return 1;  // no assembler, which the build tells; no reason to change the target
+        if (!FindDevice(target)) return 0;
         RememberTarget(target);
         return 1;
     });

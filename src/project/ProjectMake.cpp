@@ -32,7 +32,10 @@ bool CProject::WriteMakefile(const std::string &path, CStringList &outputs, std:
         return false;
     }
     std::fprintf(file.get(), "%s\n", LoadText(IDS_MAKEFILE_HEADER, {LoadText(IDS_VERSION)}).c_str());
-    if (toolsuite_->genMake == nullptr) return false;
+    if (toolsuite_->genMake == nullptr) {
+        error = LoadText(IDS_MAKE_NO_TOOLSUITE, {GetFileName()});
+        return false;
+    }
     CStringList sources = GetSourceFiles();
     const std::string project = GetFullPath(), config = GetActiveConfigFile();
     if (toolsuite_->genMake(&sources, &outputs, file.get(), &error, project.c_str(), config.c_str()) == 0) return false;

@@ -1,13 +1,9 @@
 // What a build does with projects, tools and directories that aren't as they should be.
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <filesystem>
 
 #include "BuildProgram.h"
 #include "app/MainFrame.h"
 #include "editor/IDEDoc.h"
-#include "platform/ProgramDirectory.h"
 #include "project/CurrentWorkspace.h"
 #include "project/Workspace.h"
 
@@ -15,29 +11,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A program directory of links to the files of the real one, without some of them.
-class ProgramDirectoryWithout {
-public:
-    ProgramDirectoryWithout(const CScratch &scratch, const std::vector<std::string> &missing)
-        : real_(getenv("THORNWELL_PROGRAM_DIR")) {
-        const fs::path directory = scratch.Path() / "program";
-        fs::create_directories(directory);
-        for (const auto &entry : fs::directory_iterator(real_))
-            if (std::ranges::find(missing, entry.path().filename().string()) == missing.end())
-                fs::create_symlink(entry.path(), directory / entry.path().filename());
-        setenv("THORNWELL_PROGRAM_DIR", directory.c_str(), 1);
-    }
-    ~ProgramDirectoryWithout() { setenv("THORNWELL_PROGRAM_DIR", real_.c_str(), 1); }
-
-private:
-    const std::string real_;
-};
-
 TEST_F(BuildProgram, AMissingToolFailsTheBuildWithItsName) {
     for (const char *tool : {"twmake.exe", "pspawn.exe", "asmtool.exe"}) {
         SCOPED_TRACE(tool);
         CScratch home;
-        const ProgramDirectoryWithout directory(home, {tool});
+        const OwnProgramDirectory directory(home, {tool});
         WriteDemo();
         Start(home, {scratch.Native("demo/demo.__c")});
         ASSERT_TRUE(program->Build());
@@ -51,12 +29,49 @@ TEST_F(BuildProgram, AMissingToolFailsTheBuildWithItsName) {
     }
 }
 
+// As on a machine on which these programs aren't installed.
+class PathOf {
+public:
+    PathOf(const CScratch &scratch, const std::vector<std::string> &programs) : before_(getenv("PATH")) {
+        const fs::path directory = scratch.Path() / "path";
+        fs::create_directories(directory);
+        for (const std::string &program : programs) fs::create_symlink("/usr/bin/" + program, directory / program);
+        setenv("PATH", directory.c_str(), 1);
+    }
+    ~PathOf() { setenv("PATH", before_.c_str(), 1); }
+
+private:
+    const std::string before_;
+};
+
+TEST_F(BuildProgram, AMachineWithoutMakeOrAssemblerIsToldSo) {
+    const struct {
+        std::vector<std::string> programs;
+        const char *words;
+    } cases[] = {{{"gpasm", "gplink", "gplib", "gpdasm", "sh"}, "there is no \"make\" on PATH"},
+                 {{"sh"}, "\"gputils\""}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.words);
+        CScratch home;
+        const PathOf path(home, c.programs);
+        WriteDemo();
+        const std::string project = scratch.Read("demo/demo.__c");
+        Start(home, {scratch.Native("demo/demo.__c")});
+        ASSERT_TRUE(program->Build());
+        EXPECT_TRUE(Failed());
+        EXPECT_TRUE(ListHas(c.words)) << program->BuildText();
+        EXPECT_EQ(program->Frame().GetStatusText(kPaneTarget), "PIC16F628A");
+        program.reset();
+    }
+}
+
 TEST_F(BuildProgram, AProjectOfAnUnknownToolsuiteStaysAsItIs) {
     WriteProject("demo/demo.__c", {"main.asm"}, "PIC16F628A", "Larch");
     const std::string before = scratch.Read("demo/demo.__c");
     Start("demo/demo.__c");
     EXPECT_EQ(program->App().WorkspaceKind(), 0);
-    EXPECT_TRUE(ListHas("The toolsuite 'Larch' of the project " + scratch.Native("demo/demo.__c") + " is not installed"))
+    EXPECT_TRUE(
+        ListHas("The toolsuite 'Larch' of the project " + scratch.Native("demo/demo.__c") + " is not installed"))
         << program->BuildText();
     EXPECT_EQ(scratch.Read("demo/demo.__c"), before);
     EXPECT_FALSE(program->IsEnabled(ID_BUILD));
@@ -114,7 +129,8 @@ TEST_F(BuildProgram, PlacesThatMayNotBeWrittenFailTheBuildWithTheirName) {
     fs::create_directories(scratch.Path() / "demo/makefile.demo");
     Start("demo/demo.__c");
     ASSERT_TRUE(program->Build());
-    EXPECT_TRUE(ListHas("The makefile " + scratch.Native("demo/makefile.demo") + " can't be written")) << program->BuildText();
+    EXPECT_TRUE(ListHas("The makefile " + scratch.Native("demo/makefile.demo") + " can't be written"))
+        << program->BuildText();
     EXPECT_TRUE(Failed());
     ASSERT_TRUE(program->Build(ID_CLEAN));
     EXPECT_TRUE(Failed());

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,8 +27,8 @@ protected:
     void WriteDemoWithPrebuild(const std::string &batch);
 
     bool ListHas(const std::string &text) { return program->BuildText().find(text) != std::string::npos; }
-    int ListCount(const std::string &text);       // lines that hold the text
-    int LineWith(const std::string &text);        // index of the first line that holds it, -1
+    int ListCount(const std::string &text);  // lines that hold the text
+    int LineWith(const std::string &text);   // index of the first line that holds it, -1
     bool WaitForLine(const std::string &text, int seconds = 30);
     bool WaitForIdle(int seconds = 30);
     bool Failed() { return ListHas("Build failed."); }
@@ -39,10 +41,25 @@ protected:
     std::unique_ptr<CProgram> program;
 };
 
+// A program directory of links to the files of the real one, without some of them, for the life of the object. The
+// program that is started meanwhile lives in it.
+class OwnProgramDirectory {
+public:
+    explicit OwnProgramDirectory(const CScratch &scratch, const std::vector<std::string> &missing = {});
+    ~OwnProgramDirectory();
+    const std::filesystem::path &Path() const { return path_; }
+
+private:
+    const std::string real_;
+    const std::filesystem::path path_;
+};
+
 // Number of processes whose command line holds `text`.
 int ProcessesWith(const std::string &text);
 
-inline bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+inline bool Contains(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
 
 // A source that assembles and links for the PIC16F628A without a message.
 inline constexpr const char *kGoodSource =

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 #include <algorithm>
 
@@ -12,7 +13,6 @@
 #include "build/OutputBar.h"
 #include "framework/Text.h"
 #include "framework/ToolBar.h"
-#include "platform/ProgramDirectory.h"
 
 namespace {
 
@@ -144,7 +144,8 @@ TEST_F(BuildProgram, EachStepOfTheToolsMenuWorks) {
         ASSERT_TRUE((*action)->isEnabled()) << step.name;
         (*action)->trigger();
         ASSERT_TRUE(WaitForIdle()) << step.name;
-        for (const std::string &file : step.leaves) EXPECT_TRUE(scratch.Exists("blink/" + file)) << step.name << " " << file;
+        for (const std::string &file : step.leaves)
+            EXPECT_TRUE(scratch.Exists("blink/" + file)) << step.name << " " << file;
         EXPECT_TRUE(ListHas(step.line)) << program->BuildText();
         EXPECT_TRUE(ListHas(step.name)) << "the step's title\n" << program->BuildText();
         EXPECT_FALSE(Failed()) << step.name << "\n" << program->BuildText();
@@ -153,7 +154,8 @@ TEST_F(BuildProgram, EachStepOfTheToolsMenuWorks) {
 
 TEST_F(BuildProgram, AToolStepThatFailsTellsTheMissingOutput) {
     WriteDemo();
-    scratch.Write("demo/main.asm", "\tinclude \"p16f628a.inc\"\n\textern far_away\n\tcode\nmain\tcall far_away\n\tend\n");
+    scratch.Write("demo/main.asm",
+                  "\tinclude \"p16f628a.inc\"\n\textern far_away\n\tcode\nmain\tcall far_away\n\tend\n");
     Start("demo/demo.__c");
     ASSERT_TRUE(program->Build(ID_STEP_SECOND_RUN));
     EXPECT_FALSE(Failed()) << program->BuildText();
@@ -167,6 +169,31 @@ TEST_F(BuildProgram, AToolStepThatFailsTellsTheMissingOutput) {
     EXPECT_FALSE(program->App().build.RunToolStep(40));
     EXPECT_EQ(program->BuildText(), "Error: The build can't be started.\n");
     EXPECT_TRUE(program->IsEnabled(ID_BUILD));
+}
+
+TEST_F(BuildProgram, TheBuildButtonBuildsAndRebuildsWithControlHeld) {
+    WriteDemo();
+    Start("demo/demo.__c");
+    const auto button = [&]() -> QToolButton * {  // made afresh with each form of the bar
+        for (QToolButton *each : program->Frame().BuildToolBar().findChildren<QToolButton *>())
+            if (each->isVisible() && each->defaultAction() && each->defaultAction()->toolTip().startsWith("Build"))
+                return each;
+        return nullptr;
+    };
+    const auto click = [&](Qt::KeyboardModifiers modifiers) {
+        program->Settle();  // the bar is laid out later
+        const QToolButton *build = button();
+        if (!build) return false;
+        QTest::mouseClick(program->Frame().windowHandle(), Qt::LeftButton, modifiers,
+                          build->mapTo(&program->Frame(), QPoint(8, build->height() / 2)));
+        return program->WaitFor([&] { return ListHas("Building"); }) && WaitForIdle();
+    };
+    ASSERT_TRUE(click(Qt::NoModifier));
+    EXPECT_EQ(ListCount("Assembling"), 1) << program->BuildText();
+    ASSERT_TRUE(click(Qt::NoModifier));
+    EXPECT_EQ(ListCount("Assembling"), 0);
+    ASSERT_TRUE(click(Qt::ControlModifier));
+    EXPECT_EQ(ListCount("Assembling"), 1);
 }
 
 TEST_F(BuildProgram, TheBuildToolBarFollowsWhatRuns) {
@@ -184,11 +211,13 @@ TEST_F(BuildProgram, TheBuildToolBarFollowsWhatRuns) {
     EXPECT_EQ(bar.LoadedResource(), IDR_BUILD_RUNNING);
     EXPECT_TRUE(bar.HasButton(ID_BUILD_STOP));
     EXPECT_TRUE(program->IsEnabled(ID_BUILD_STOP));
-    for (const int off : std::initializer_list<int>{ID_BUILD, ID_REBUILD, ID_REBUILD_BUTTON, ID_CLEAN, ID_BUILD_ALL, ID_REBUILD_ALL, ID_CLEAN_ALL,
-                          ID_TOOL_STEPS, ID_TOOL_STEPS + 1, ID_STEP_SECOND_RUN, ID_STEP_FIFTH_RUN})
+    for (const int off : std::initializer_list<int>{ID_BUILD, ID_REBUILD, ID_REBUILD_BUTTON, ID_CLEAN, ID_BUILD_ALL,
+                                                    ID_REBUILD_ALL, ID_CLEAN_ALL, ID_TOOL_STEPS, ID_TOOL_STEPS + 1,
+                                                    ID_STEP_SECOND_RUN, ID_STEP_FIFTH_RUN})
         EXPECT_FALSE(program->IsEnabled(off)) << off;
     const std::string before = program->BuildText();
-    for (const int command : std::initializer_list<int>{ID_BUILD, ID_CLEAN, ID_TOOL_STEPS + 1}) program->Command(command);
+    for (const int command : std::initializer_list<int>{ID_BUILD, ID_CLEAN, ID_TOOL_STEPS + 1})
+        program->Command(command);
     program->Settle();
     EXPECT_EQ(program->BuildText(), before) << "a command that is off did something";
     program->Command(ID_BUILD_STOP);

@@ -12,7 +12,7 @@
 #include "app/MainFrame.h"
 #include "app/Settings.h"
 #include "framework/Text.h"
-#include "platform/ProgramDirectory.h"
+#include "framework/ToolBar.h"
 #include "project/CurrentWorkspace.h"
 #include "project/Workspace.h"
 
@@ -31,7 +31,8 @@ QWidget *Page(QWidget &dialog, const char *title) {
 
 TEST_F(BuildProgram, TheTargetDialogChangesWhatIsBuiltFor) {
     WriteDemo();
-    scratch.Write("demo/main.asm", "\tifndef __18F4520\n\terror \"another chip\"\n\tendif\nstart\tcode\t0\nmain\tnop\n\tend\n");
+    scratch.Write("demo/main.asm",
+                  "\tifndef __18F4520\n\terror \"another chip\"\n\tendif\nstart\tcode\t0\nmain\tnop\n\tend\n");
     Start("demo/demo.__c");
     program->AnswerDialog([](QWidget &dialog) {
         dialog.findChild<QLineEdit *>()->setText("18f4520");
@@ -55,7 +56,9 @@ TEST_F(BuildProgram, TheTargetDialogChangesWhatIsBuiltFor) {
 
 TEST_F(BuildProgram, TheProjectOptionsReachTheAssemblerAndTheirCancelKeepsAll) {
     WriteDemo();
-    scratch.Write("demo/main.asm", "\tinclude \"p16f628a.inc\"\n\tifdef FAST\n\tmessg \"fast it is\"\n\tendif\n\tcode\nmain\tnop\n\tend\n");
+    scratch.Write(
+        "demo/main.asm",
+        "\tinclude \"p16f628a.inc\"\n\tifdef FAST\n\tmessg \"fast it is\"\n\tendif\n\tcode\nmain\tnop\n\tend\n");
     Start("demo/demo.__c");
     const auto fill = [](QWidget &dialog) {
         dialog.findChildren<QListWidget *>()[0]->item(0)->setText("FAST=1");
@@ -137,17 +140,107 @@ TEST_F(BuildProgram, TheBuildOptionsChooseTheStepsOfABuild) {
     EXPECT_FALSE(scratch.Exists("demo/Debug/demo.hex"));
 }
 
-TEST_F(BuildProgram, TheCompilerDialogListsToolsuitesAndChangesNothingOnCancel) {
+TEST_F(BuildProgram, OptionsThatCantBeWrittenAreNotLostSilently) {
     WriteDemo();
     Start("demo/demo.__c");
+    std::filesystem::create_directories(scratch.Path() / "demo/demo.Debug.__f");
+    program->AnswerDialog([](QWidget &dialog) { Press(dialog, QDialogButtonBox::Ok); });
+    program->Answer(IDOK);
+    program->AnswerDialog([](QWidget &dialog) { Press(dialog, QDialogButtonBox::Cancel); });  // the sheet, once more
+    program->Command(ID_PROJECT_OPTIONS);
+    ASSERT_EQ(program->Boxes().size(), 1u);
+    EXPECT_TRUE(Contains(program->Boxes()[0], scratch.Native("demo/demo.Debug.__f"))) << program->Boxes()[0];
+}
+
+TEST_F(BuildProgram, AnotherCompilerBringsItsTargetItsButtonsAndItsBuild) {
+    CScratch home;
+    const OwnProgramDirectory directory(home);
+    std::filesystem::create_symlink(PLAIN_TOOLSUITE, directory.Path() / "plain.dll");
+    WriteDemo();
+    Start(home, {scratch.Native("demo/demo.__c")});
     program->AnswerDialog([](QWidget &dialog) {
-        const auto *list = dialog.findChild<QListWidget *>();
-        EXPECT_EQ(list->findItems("Assembler", Qt::MatchExactly).size(), 1);
+        auto *list = dialog.findChild<QListWidget *>();
+        ASSERT_EQ(list->count(), 2);
+        list->setCurrentItem(list->findItems("Plain", Qt::MatchExactly)[0]);
         Press(dialog, QDialogButtonBox::Cancel);
     });
     program->Command(ID_PROJECT_COMPILER);
     EXPECT_EQ(program->Frame().GetStatusText(kPaneCompiler), "Assembler");
-    EXPECT_EQ(WorkspaceOrNone().GetCompilerName(), "Assembler");
+
+    const auto choose = [](const char *name) {
+        return [name](QWidget &dialog) {
+            auto *list = dialog.findChild<QListWidget *>();
+            list->setCurrentItem(list->findItems(name, Qt::MatchExactly)[0]);
+            Press(dialog, QDialogButtonBox::Ok);
+        };
+    };
+    program->AnswerDialog(choose("Plain"));
+    program->Answer(IDOK);  // the warning about the target
+    program->Command(ID_PROJECT_COMPILER);
+    EXPECT_TRUE(Contains(program->Boxes().back(), "PIC16F628A"));
+    EXPECT_EQ(program->Frame().GetStatusText(kPaneCompiler), "Plain");
+    EXPECT_EQ(program->Frame().GetStatusText(kPaneTarget), "PIC16F84");
+    for (const char *line : {"Active Compiler=Plain", "Target=PIC16F84"})
+        EXPECT_TRUE(Contains(scratch.Read("demo/demo.__c"), line)) << scratch.Read("demo/demo.__c");
+    for (const int gone : {ID_BUILD, ID_STEP_SECOND_RUN, ID_STEP_FIFTH_RUN})
+        EXPECT_FALSE(program->Frame().BuildToolBar().HasButton(gone)) << gone;
+    EXPECT_FALSE(program->IsEnabled(ID_PROJECT_OPTIONS));
+    program->AnswerDialog([](QWidget &dialog) {
+        EXPECT_EQ(dialog.findChild<QListWidget *>()->count(), 0);
+        Press(dialog, QDialogButtonBox::Ok);
+    });
+    program->Command(ID_BUILD_OPTIONS);
+    ASSERT_TRUE(program->Build());
+    EXPECT_TRUE(Failed());
+    EXPECT_TRUE(ListHas("The toolsuite of the project demo.__c")) << program->BuildText();
+
+    program->AnswerDialog(choose("Assembler"));
+    program->Command(ID_PROJECT_COMPILER);
+    EXPECT_TRUE(program->Frame().BuildToolBar().HasButton(ID_BUILD));
+    program.reset();
+}
+
+TEST_F(BuildProgram, ASystemLibraryForTheTargetIsAddedAndLinked) {
+    WriteProject("tools/tools.__c", {"helper.asm"});
+    scratch.Write("tools/helper.asm", "\tinclude \"p16f628a.inc\"\n\tglobal helper\n\tcode\nhelper\treturn\n\tend\n");
+    Start("tools/tools.__c");
+    ASSERT_TRUE(program->Build(ID_STEP_SECOND_RUN));
+    ASSERT_TRUE(program->Build(ID_TOOL_STEPS + 2));
+    ASSERT_TRUE(scratch.Exists("tools/Debug/tools.lib")) << program->BuildText();
+    program.reset();
+
+    CScratch home;
+    const OwnProgramDirectory directory(home, {"Lib"});
+    for (const char *name :
+         {"Lib/tools_pic16.lib", "Lib/other_pic18.lib", "Lib/large/tools_PIC16.lib", "Lib/readme.txt"})
+        home.Write(std::string("program/") + name, scratch.Read("tools/Debug/tools.lib"));
+    std::filesystem::create_directories(directory.Path() / "Lib/dir_pic16.lib");
+    WriteDemo();
+    scratch.Write("demo/main.asm", "\tinclude \"p16f628a.inc\"\n\textern helper\n\tcode\nmain\tcall\thelper\n\tend\n");
+    Start(home, {scratch.Native("demo/demo.__c")});
+    program->AnswerDialog([](QWidget &dialog) {
+        auto *list = dialog.findChild<QListWidget *>();
+        ASSERT_EQ(list->count(), 2);
+        EXPECT_EQ(list->item(0)->text(), "tools_pic16.lib");
+        EXPECT_EQ(list->item(1)->text(), "large\\tools_PIC16.lib");
+        list->setCurrentRow(0);
+        Press(dialog, QDialogButtonBox::Cancel);
+    });
+    program->Command(ID_PROJECT_ADD_LIBRARY);
+    EXPECT_EQ(WorkspaceOrNone().GetFileList().size(), 1u);
+    for (int again = 0; again < 2; ++again) {
+        program->AnswerDialog([](QWidget &dialog) {
+            dialog.findChild<QListWidget *>()->setCurrentRow(0);
+            Press(dialog, QDialogButtonBox::Ok);
+        });
+        if (again) program->Answer(IDOK);  // it is in the project already
+        program->Command(ID_PROJECT_ADD_LIBRARY);
+        EXPECT_EQ(WorkspaceOrNone().GetFileList().size(), 2u);
+    }
+    ASSERT_TRUE(program->Build());
+    EXPECT_FALSE(Failed()) << program->BuildText();
+    EXPECT_TRUE(Contains(scratch.Read("demo/Debug/demo.map"), "helper")) << program->BuildText();
+    program.reset();
 }
 
 }  // namespace

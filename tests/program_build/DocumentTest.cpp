@@ -27,7 +27,8 @@ TEST_F(BuildProgram, AnOpenOutputIsReloadedAndOneThatVanishedIsClosed) {
     source.insert(source.find("main\tnop\n") + 9, "\tmovlw\t0x5A\n");
     scratch.Write("demo/main.asm", source);
     program->App().fileTracker.DisarmFile(scratch.Windows("demo/main.asm"));
-    dynamic_cast<CIDEDoc *>(program->App().FindOrOpenDocument(scratch.Windows("demo/main.asm"), false))->ReloadFromDisk();
+    dynamic_cast<CIDEDoc *>(program->App().FindOrOpenDocument(scratch.Windows("demo/main.asm"), false))
+        ->ReloadFromDisk();
 
     ASSERT_TRUE(program->Build());
     EXPECT_TRUE(ListHas("Reloaded: " + scratch.Native("demo/Debug/demo.lst"))) << program->BuildText();
@@ -39,10 +40,12 @@ TEST_F(BuildProgram, AnOpenOutputIsReloadedAndOneThatVanishedIsClosed) {
 
     scratch.Write("demo/main.asm", kBadSource);
     program->App().fileTracker.DisarmFile(scratch.Windows("demo/main.asm"));
-    dynamic_cast<CIDEDoc *>(program->App().FindOrOpenDocument(scratch.Windows("demo/main.asm"), false))->ReloadFromDisk();
+    dynamic_cast<CIDEDoc *>(program->App().FindOrOpenDocument(scratch.Windows("demo/main.asm"), false))
+        ->ReloadFromDisk();
     ASSERT_TRUE(program->Build());
     EXPECT_TRUE(Failed());
-    EXPECT_TRUE(ListHas("Closed, as it no longer exists: " + scratch.Native("demo/Debug/demo.lst"))) << program->BuildText();
+    EXPECT_TRUE(ListHas("Closed, as it no longer exists: " + scratch.Native("demo/Debug/demo.lst")))
+        << program->BuildText();
     program->Settle();
     EXPECT_EQ(program->App().FindOrOpenDocument(scratch.Windows("demo/Debug/demo.lst"), false), nullptr);
     EXPECT_NE(program->App().FindOrOpenDocument(scratch.Windows("demo/main.asm"), false), nullptr);

@@ -14,7 +14,7 @@ TEST_F(BuildProgram, AClickOnEachKindOfMessageLeadsToItsLine) {
     struct Case {
         const char *what;
         std::vector<std::pair<std::string, std::string>> files;  // the first ones with .asm are the project's
-        std::string message;                                      // that is clicked
+        std::string message;                                     // that is clicked
         std::string file;
         int line;
     };
@@ -22,7 +22,11 @@ TEST_F(BuildProgram, AClickOnEachKindOfMessageLeadsToItsLine) {
     const Case cases[] = {
         {"an error", {{"main.asm", head + "\tcode\nmain\tmovlq\t1\n\tend\n"}}, "Error[181]", "main.asm", 3},
         {"a warning", {{"main.asm", head + "\tcode\nmain\tmovlw\t0x1FF\n\tend\n"}}, "Warning[202]", "main.asm", 3},
-        {"a message", {{"main.asm", head + "\tcode\nmain\tmessg\t\"look\"\n\tnop\n\tend\n"}}, "Message[301]", "main.asm", 3},
+        {"a message",
+         {{"main.asm", head + "\tcode\nmain\tmessg\t\"look\"\n\tnop\n\tend\n"}},
+         "Message[301]",
+         "main.asm",
+         3},
         {"in an include",
          {{"main.asm", head + "\tinclude \"inc/my own.inc\"\n\tcode\nmain\tnop\n\tend\n"},
           {"inc/my own.inc", "A\tequ\t1\nA\tequ\t2\n"}},
@@ -131,8 +135,8 @@ TEST_F(BuildProgram, LinesThatLeadNowhereDoNothing) {
     Start("demo/demo.__c");
     ASSERT_TRUE(program->Build());
     program->App().AddOutputLine(nullptr);
-    for (const char *line : {"readme: error", "gone.asm(3): error", "error gone.asm(3): text", "Debug(1): a directory", "",
-                             "line 3: no file above", "warning: unused"})
+    for (const char *line : {"readme: error", "gone.asm(3): error", "error gone.asm(3): text", "Debug(1): a directory",
+                             "", "line 3: no file above", "warning: unused"})
         program->App().AddOutputLine(line);
     for (int i = 0; i < static_cast<int>(program->BuildLines().size()); ++i) DoubleClickLine(i);
     EXPECT_EQ(program->ActiveView(), nullptr);

@@ -40,10 +40,10 @@ constexpr qint64 kLongestGap = 400 * kSlowness;  // milliseconds; roomy, for a m
 
 TEST_F(BuildProgram, AStoppedBuildLeavesNoProcessAndThenBuildsAgain) {
     const char *scripts[] = {
-        "echo started\nsleep 4711.25\n",                                               // waits politely
-        "trap '' TERM INT HUP\necho started\nwhile :; do sleep 4711.25; done\n",       // ignores the signals
+        "echo started\nsleep 4711.25\n",                                                        // waits politely
+        "trap '' TERM INT HUP\necho started\nwhile :; do sleep 4711.25; done\n",                // ignores the signals
         "setsid sh -c 'trap \"\" TERM; echo started; sleep 4711.25; sleep 4711.25' &\nwait\n",  // a session of its own
-        "echo started\nyes | head -c 1000000000\nsleep 4711.25\n",                     // one that floods the list
+        "echo started\nyes | head -c 1000000000\nsleep 4711.25\n",  // one that floods the list
         "while :; do echo started; done; sleep 4711.25\n",
     };
     WriteDemo();
@@ -160,7 +160,8 @@ TEST_F(BuildProgram, AHundredMegabytesWithoutALineEndArriveWhole) {
 }
 
 TEST_F(BuildProgram, OutputThatIsNoTextIsShownAsFarAsItGoes) {
-    WriteDemoWithPrebuild("printf 'a\\0b\\nc\\r\\n\\377\\376 bad bytes\\n\\n\\n!E: own mark\\nno end' ; printf 'on error\\n' >&2\n");
+    WriteDemoWithPrebuild(
+        "printf 'a\\0b\\nc\\r\\n\\377\\376 bad bytes\\n\\n\\n!E: own mark\\nno end' ; printf 'on error\\n' >&2\n");
     Start("demo/demo.__c");
     ASSERT_TRUE(program->Build());
     EXPECT_TRUE(ListHas("\377\376 bad bytes")) << program->BuildText();

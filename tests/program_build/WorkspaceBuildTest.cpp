@@ -14,13 +14,12 @@ protected:
             WriteProject(name + "/" + name + ".__c", {"main.asm"});
             scratch.Write(name + "/main.asm", kGoodSource);
         }
-        scratch.Write("all.__w", "[Workspace]\nCount=3\nActive=1\nProj0=one\\one.__c\nProj1=two\\two.__c\n"
-                                 "Proj2=three\\three.__c\n");
+        scratch.Write("all.__w",
+                      "[Workspace]\nCount=3\nActive=1\nProj0=one\\one.__c\nProj1=two\\two.__c\n"
+                      "Proj2=three\\three.__c\n");
     }
     bool HasImage(const std::string &name) { return scratch.Exists(name + "/Debug/" + name + ".hex"); }
-    void AddRtosTo(const std::string &name) {
-        WriteProject(name + "/" + name + ".__c", {"main.asm", "SableTiny.LIB"});
-    }
+    void AddRtosTo(const std::string &name) { WriteProject(name + "/" + name + ".__c", {"main.asm", "SableTiny.LIB"}); }
     std::string Config(const std::string &name) { return scratch.Read(name + "/" + name + ".Debug.__f"); }
 };
 

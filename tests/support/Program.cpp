@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -158,7 +159,9 @@ void CProgram::LookForModal() {
     }
     const auto answer = std::move(answers_.front());
     answers_.pop_front();
+    const QPointer<QWidget> answered = window;
     answer(*window);
+    if (answered && !answered->isVisible()) answered->setProperty(kAnswered, false);  // it may be shown again
 }
 
 void CProgram::Grab(const std::string &nativePng) {
