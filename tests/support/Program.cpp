@@ -146,10 +146,9 @@ void CProgram::AnswerFiles(std::vector<std::string> nativePaths) {
 void CProgram::AnswerDialog(std::function<void(QWidget &)> act) { answers_.push_back(std::move(act)); }
 
 void CProgram::LookForModal() {
-    constexpr const char *kAnswered = "answered";  // a new window can stand at the address of the last one
     QWidget *window = QApplication::activeModalWidget();
-    if (!window || !window->isVisible() || window->property(kAnswered).toBool()) return;
-    window->setProperty(kAnswered, true);
+    if (!window || !window->isVisible() || window == handled_) return;
+    handled_ = window;
     auto *box = qobject_cast<QMessageBox *>(window);
     if (box) boxes_.push_back(FromQString(box->text()));
     if (answers_.empty()) {

@@ -1,6 +1,8 @@
 // The whole program in a scratch home, driven by commands and input as a user would.
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -66,6 +68,7 @@ private:
     std::unique_ptr<QTimer> watch_;
     std::deque<std::function<void(QWidget &)>> answers_;
     std::vector<std::string> unexpected_, boxes_;
+    QPointer<QWidget> handled_;  // the modal window that had the last answer; it gets one again after another window's
 };
 
 // Process-wide set-up of a test program: off-screen unless told otherwise; call first in main.
