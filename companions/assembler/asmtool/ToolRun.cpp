@@ -91,8 +91,10 @@ ToolResult RunTool(const std::vector<std::string> &words, Repetition repetition,
         if (ended) break;
         child.WaitForData(std::chrono::milliseconds(200));
     }
-    output.Flush(false);
-    error.Flush(false);
+    if (!result.stoppedByUs) {  // else the rest is a repeated line, cut anywhere
+        output.Flush(false);
+        error.Flush(false);
+    }
     result.exitCode = child.WaitForExit().value_or(1);
     childPid = 0;
     result.signal = receivedSignal;
