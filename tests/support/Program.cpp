@@ -160,7 +160,7 @@ void CProgram::LookForModal() {
     answers_.pop_front();
     const QPointer<QWidget> answered = window;
     answer(*window);
-    if (answered && !answered->isVisible()) answered->setProperty(kAnswered, false);  // it may be shown again
+    if (handled_ == answered && answered && !answered->isVisible()) handled_ = nullptr;  // it may be shown again
 }
 
 void CProgram::Grab(const std::string &nativePng) {
