@@ -255,7 +255,8 @@ void CMDIFrameWnd::FillWindowList(QMenu *menu, int firstCommand) {
     if (!children.empty() && !menu->actions().empty() && !menu->actions().back()->isSeparator()) menu->addSeparator();
     for (int i = 0; i < std::min(kWindowListEntries, static_cast<int>(children.size())); ++i) {
         const QString title = children[static_cast<size_t>(i)]->windowTitle().replace("&", "&&");
-        menu->addAction(MakeCommandAction(firstCommand + i, FromQString(QString("&%1 %2").arg(i + 1).arg(title)), menu));
+        const QString text = QString("&%1 %2").arg(i + 1).arg(title);
+        menu->addAction(MakeCommandAction(firstCommand + i, FromQString(text), menu));
     }
 }
 

@@ -44,7 +44,7 @@ public:
     CProjectCommands &Projects() { return projects_; }
 
 private:
-    std::string MakeProject(const std::string &path);  // asks as needed; full name of its file, empty when none was made
+    std::string MakeProject(const std::string &path);  // asks; full name of its file, empty when none was made
     void ShowLabels(bool multiple);
     void ShowNothing();    // no workspace is open
     void ShowWorkspace();  // another one is open

@@ -28,8 +28,7 @@ public:
                 command, [name, command] { calls.push_back(name + std::to_string(command)); },
                 [](CCmdUI &ui) { ui.SetCheck(); });
         this->OnCommand(
-            50, [name] { calls.push_back(std::string(name) + "-shared"); },
-            [name](CCmdUI &ui) { ui.SetText(name); });
+            50, [name] { calls.push_back(std::string(name) + "-shared"); }, [name](CCmdUI &ui) { ui.SetText(name); });
     }
 };
 

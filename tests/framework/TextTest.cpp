@@ -17,10 +17,10 @@ TEST(FormatText, FillsInWhatThereIs) {
         {"%s - %s (%s)", {"A", "P", "W"}, "A - P (W)"},
         {"%d and %ld", {"1", "2"}, "1 and 2"},
         {"File%d", {"8"}, "File8"},
-        {"100%% of %s", {"%s"}, "100% of %s"},   // a value is never read as a format
-        {"%s %s", {"one"}, "one "},              // a missing value
-        {"%s", {"one", "two"}, "one"},           // one too many
-        {"%x %", {"one"}, "%x %"},               // no mark of ours
+        {"100%% of %s", {"%s"}, "100% of %s"},  // a value is never read as a format
+        {"%s %s", {"one"}, "one "},             // a missing value
+        {"%s", {"one", "two"}, "one"},          // one too many
+        {"%x %", {"one"}, "%x %"},              // no mark of ours
         {"", {"one"}, ""},
     };
     for (const auto &[format, values, expected] : cases) EXPECT_EQ(FormatText(format, values), expected) << format;

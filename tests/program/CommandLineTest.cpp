@@ -100,7 +100,8 @@ TEST_F(CommandLineTest, DropsProjectsAndWorkspacesWithoutContent) {
 
 TEST_F(CommandLineTest, RemembersAProjectBesideASourceButOpensTheSourceAlone) {
     Start({"blink/main.asm", "blink/blink.__c", "blink/led.asm"});
-    EXPECT_EQ(OpenFiles(), (std::vector<std::string>{scratch.Windows("blink/main.asm"), scratch.Windows("blink/led.asm")}));
+    EXPECT_EQ(OpenFiles(),
+              (std::vector<std::string>{scratch.Windows("blink/main.asm"), scratch.Windows("blink/led.asm")}));
     EXPECT_EQ(App().WorkspaceKind(), 0);
     EXPECT_EQ(Setting("Workspace", "Last Workspace"), scratch.Windows("blink/blink.__c"));
     EXPECT_EQ(program->BuildText().find(Text(IDS_NOTHING_TO_LOAD)), std::string::npos);

@@ -70,7 +70,7 @@ TEST_F(FrameTest, PutsTheTabsAtOneEdge) {
         int state, top, bottom;
         bool shown, atTop;
     } cases[] = {
-        {1, 1, 0, true, true}, {1, 0, 1, true, false}, {1, 0, 0, true, true}, {1, 1, 1, true, true},
+        {1, 1, 0, true, true}, {1, 0, 1, true, false},  {1, 0, 0, true, true}, {1, 1, 1, true, true},
         {5, 9, 0, true, true}, {0, 0, 1, false, false}, {1, 0, 7, true, true},
     };
     for (const auto &each : cases) {
@@ -168,7 +168,8 @@ TEST_F(FrameTest, ListsItsWindows) {
     EXPECT_EQ(program->ActiveFile(), "c.asm");
 
     program->Command(ID_WINDOW_TILE_HORZ);
-    for (const CMDIChildWnd *child : Frame().Children()) EXPECT_EQ(child->width(), Frame().Client()->viewport()->width());
+    for (const CMDIChildWnd *child : Frame().Children())
+        EXPECT_EQ(child->width(), Frame().Client()->viewport()->width());
     program->Command(ID_FILE_CLOSE);
     EXPECT_EQ(Frame().Children().size(), 2u);
     Edit(program->ActiveDocument(), "; more\r\n");

@@ -33,7 +33,9 @@ void ProgramTest::CloseAndEnd() {
     End();
 }
 
-std::string ProgramTest::Title() { return FromQString(Frame().windowTitle()); }
+std::string ProgramTest::Title() {
+    return FromQString(Frame().windowTitle());
+}
 
 std::string ProgramTest::Setting(const std::string &section, const std::string &key) {
     return Store().ReadString(section, key).value_or("(none)");
@@ -57,7 +59,9 @@ std::string ProgramTest::Line(int id, std::initializer_list<std::string> values)
     return text.starts_with("!W") ? "Warning" + text.substr(2) : text;
 }
 
-bool ProgramTest::Says(const std::string &line) { return std::ranges::count(program->BuildLines(), line) > 0; }
+bool ProgramTest::Says(const std::string &line) {
+    return std::ranges::count(program->BuildLines(), line) > 0;
+}
 
 CIDEDoc *ProgramTest::Open(const std::string &name) {
     auto *document = dynamic_cast<CIDEDoc *>(App().OpenDocumentFile(scratch.Windows(name)));
@@ -65,7 +69,9 @@ CIDEDoc *ProgramTest::Open(const std::string &name) {
     return document;
 }
 
-CIDEView &ProgramTest::ViewOf(CIDEDoc *document) { return *document->GetFirstCodeView(); }
+CIDEView &ProgramTest::ViewOf(CIDEDoc *document) {
+    return *document->GetFirstCodeView();
+}
 
 void ProgramTest::Edit(CIDEDoc *document, const std::string &text) {
     ViewOf(document).SendText(SCI_INSERTTEXT, 0, text.c_str());

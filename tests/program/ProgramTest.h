@@ -39,7 +39,7 @@ protected:
     static std::string Line(int id, std::initializer_list<std::string> values = {});  // as the build list shows it
     bool Says(const std::string &line);                                               // a line of the build list
 
-    CIDEDoc *Open(const std::string &name);              // a file of the scratch directory
+    CIDEDoc *Open(const std::string &name);  // a file of the scratch directory
     CIDEView &ViewOf(CIDEDoc *document);
     void Edit(CIDEDoc *document, const std::string &text);  // puts it in front
 

@@ -124,7 +124,8 @@ TEST_F(RecentTest, WorkspacesSwitchWithoutReopeningTheSame) {
 
     program->Command(ID_RECENT_WORKSPACES + 2);  // broken
     EXPECT_EQ(App().WorkspaceKind(), 0);
-    EXPECT_EQ(Workspaces(), (std::vector{scratch.Windows("greeting/greeting.__c"), scratch.Windows("blink/blink.__c")}));
+    EXPECT_EQ(Workspaces(),
+              (std::vector{scratch.Windows("greeting/greeting.__c"), scratch.Windows("blink/blink.__c")}));
     EXPECT_TRUE(Says(Line(IDS_TOOLSUITE_MISSING, {"Nobody", scratch.Native("broken.__c")}))) << program->BuildText();
 }
 

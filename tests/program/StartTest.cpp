@@ -13,11 +13,13 @@ namespace {
 // A program directory with everything of the real one but `missing`.
 class ProgramDirectoryWithout {
 public:
-    ProgramDirectoryWithout(const CScratch &scratch, const std::string &missing) : before_(getenv("THORNWELL_PROGRAM_DIR")) {
+    ProgramDirectoryWithout(const CScratch &scratch, const std::string &missing)
+        : before_(getenv("THORNWELL_PROGRAM_DIR")) {
         const fs::path directory = scratch.Path() / "bin";
         fs::create_directories(directory);
         for (const auto &entry : fs::directory_iterator(before_))
-            if (entry.path().filename() != missing) fs::create_symlink(entry.path(), directory / entry.path().filename());
+            if (entry.path().filename() != missing)
+                fs::create_symlink(entry.path(), directory / entry.path().filename());
         setenv("THORNWELL_PROGRAM_DIR", directory.c_str(), 1);
     }
     ~ProgramDirectoryWithout() { setenv("THORNWELL_PROGRAM_DIR", before_.c_str(), 1); }

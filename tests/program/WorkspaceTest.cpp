@@ -99,7 +99,8 @@ TEST_F(WorkspaceTest, SaysWhichProjectIsActive) {
     EXPECT_EQ(App().GetActiveProjectPath(), greeting);
 
     App().CloseWorkspace();
-    for (int pane : {kPaneWorkspace, kPaneTarget, kPaneClock, kPaneCompiler}) EXPECT_EQ(Frame().GetStatusText(pane), "");
+    for (int pane : {kPaneWorkspace, kPaneTarget, kPaneClock, kPaneCompiler})
+        EXPECT_EQ(Frame().GetStatusText(pane), "");
 }
 
 TEST_F(WorkspaceTest, TheBoxChangesTheConfigurationOfEveryProject) {
@@ -109,7 +110,8 @@ TEST_F(WorkspaceTest, TheBoxChangesTheConfigurationOfEveryProject) {
     EXPECT_EQ(Frame().GetProjectConfigName(), "Debug");
     box.SetCurSel(box.FindStringExact("release"));
     program->Command(ID_CONFIG_SELECT);
-    for (const std::string &project : {blink, greeting}) EXPECT_EQ(Key(project, "Settings", "Active Config"), "Release");
+    for (const std::string &project : {blink, greeting})
+        EXPECT_EQ(Key(project, "Settings", "Active Config"), "Release");
 
     std::string text = "%config%/%name%.hex %target% %shorttarget% %nobody% %NAME% %name";
     Frame().ExpandMacros({}, text);
@@ -163,9 +165,9 @@ TEST_F(WorkspaceTest, FindsADocumentUnderEverySpelling) {
     ASSERT_TRUE(main);
     EXPECT_EQ(main->GetPathName(), scratch.Windows("blink/main.asm"));
     const std::string before = std::filesystem::current_path();
-    for (const std::string &name :
-         {std::string("main.asm"), std::string(".\\main.asm"), std::string("MAIN.ASM"), std::string("sub\\..\\main.asm"),
-          scratch.Windows("blink/Main.Asm"), scratch.Windows("BLINK/main.asm"), scratch.Windows("greeting/../blink/main.asm")})
+    for (const std::string &name : {std::string("main.asm"), std::string(".\\main.asm"), std::string("MAIN.ASM"),
+                                    std::string("sub\\..\\main.asm"), scratch.Windows("blink/Main.Asm"),
+                                    scratch.Windows("BLINK/main.asm"), scratch.Windows("greeting/../blink/main.asm")})
         EXPECT_EQ(App().FindOrOpenDocument(name, false), main) << name;
     EXPECT_EQ(App().FindOrOpenDocument("part.asm", false), nullptr);
     EXPECT_EQ(App().FindOrOpenDocument("missing.asm", true), nullptr);
