@@ -67,6 +67,9 @@ std::string CPath::MakeAbsolute(std::string_view base) const {
 
 std::string CPath::MakeRelative(std::string_view base) const {
     if (relative_) return {};
+    // Without the last element as given, as of ".cfg" or "x.", the result would name something else.
+    const SplitPath given = _splitpath(PathUnquoteSpacesA(text_));
+    if (given.name + given.extension != GetFileName()) return {};
     std::string from(base);
     PathCanonicalizeA(from, base);
     const bool isRoot = from == "\\" || from.ends_with(":\\");

@@ -31,7 +31,8 @@ public:
     bool IsRelative() const { return relative_; }
 
     std::string MakeAbsolute(std::string_view base) const;  // empty for a path that isn't relative
-    std::string MakeRelative(std::string_view base) const;  // empty for a relative path, or without a common root
+    // Empty for a relative path, without a common root, and for a file name that the parts don't hold whole (".cfg").
+    std::string MakeRelative(std::string_view base) const;
 
     // Looks at the disk: the full path as the disk spells it, or as it stands when there is no such file.
     std::string GetLongPath() const;

@@ -53,7 +53,7 @@ TEST(CPath, MakesRelative) {
         {"c:\\a\\x.c", "c:\\a\\b\\", "..\\x.c"}, {"c:\\a\\b\\x.c", "c:\\a\\b\\", "x.c"},
         {"c:\\a\\b\\x.c", "c:\\a\\q\\..\\b", "x.c"}, {"c:\\x.c", "c:\\", "x.c"}, {"\\x.c", "\\", "x.c"},
         {"\\h\\x.c", "c:\\h\\b", "..\\x.c"}, {"c:\\a\\sub\\", "c:\\a", "sub\\"}, {"d:\\x.c", "c:\\a\\b\\", ""},
-        {"a\\x.c", "c:\\a", ""}, {"\\x.c", "", ""},
+        {"a\\x.c", "c:\\a", ""}, {"\\x.c", "", ""}, {"c:\\q\\.cfg", "c:\\a", ""},
     };
     for (const auto &c : cases) EXPECT_EQ(CPath(c.path).MakeRelative(c.base), c.expected) << c.path;
 }
@@ -66,6 +66,7 @@ TEST(PathNames, MakesNamesRelativeToAFile) {
         {"\\h\\p\\p.__c", "\\h\\p\\m.c", "m.c"},         {"\\h\\p\\p.__c", "\\h\\q\\m.c", "..\\q\\m.c"},
         {"\\h\\p\\p.__c", "c:\\h\\p\\m.c", "m.c"},       {"c:\\p\\p.__c", "sub\\m.c", "sub\\m.c"},
         {"c:\\p\\p.__c", "m.c", "m.c"},                  {"p.__c", "\\h\\m.c", "\\h\\m.c"},
+        {"c:\\p\\p.__c", "c:\\p\\.cfg", ".cfg"},         {"c:\\p\\p.__c", "c:\\q\\.cfg", "c:\\q\\.cfg"},
         {"c:\\k\\p.__c", "c:\\\xE2\x84\xAA\\m.c", "m.c"},  // a capital that is longer than its letter
     };
     for (const auto &c : cases) {
