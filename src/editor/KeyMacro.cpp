@@ -25,8 +25,8 @@ void CKeyMacro::Load() {
 }
 
 void CKeyMacro::Store() {
-    if (commands_ == stored_) return;
     WriteUserInt(kSection, "Count", static_cast<int>(commands_.size()));
+    if (commands_ == stored_) return;  // a long macro isn't written again at every end
     for (size_t i = 0; i < commands_.size(); ++i) {
         const std::string index = std::to_string(i);
         WriteUserInt(kSection, "Type" + index, commands_[i].type);
