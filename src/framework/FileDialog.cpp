@@ -1,5 +1,6 @@
 #include "framework/FileDialog.h"
 
+#include <QAbstractItemView>
 #include <QFileDialog>
 #include <QStringList>
 
@@ -36,10 +37,15 @@ QString WithoutCase(const QString &filter) {
 
 bool CFileDialog::DoModal(QWidget *parent) {
     QFileDialog dialog(parent, ToQString(title));
+    if (multiple && !mustExist) dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(kind == Kind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(kind == Kind::save || !mustExist ? QFileDialog::AnyFile
                        : multiple                       ? QFileDialog::ExistingFiles
                                                         : QFileDialog::ExistingFile);
+    if (multiple && !mustExist)  // new names beside several old ones: no mode of the toolkit's has both
+        for (QAbstractItemView *view : dialog.findChildren<QAbstractItemView *>())
+            if (view->objectName() == "listView" || view->objectName() == "treeView")
+                view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, kind == Kind::open || !askBeforeOverwrite);
     dialog.setDefaultSuffix(ToQString(defaultExtension));
 

@@ -79,8 +79,10 @@ TEST_F(FrameTest, PutsTheTabsAtOneEdge) {
         Set("MDITabs", "Bottom", each.bottom);
         Start({scratch.Native("a.asm")});
         EXPECT_EQ(Tabs()->isVisible(), each.shown);
-        if (each.shown) EXPECT_EQ(TabsAtTop(), each.atTop) << each.top << each.bottom;
-        if (each.shown) EXPECT_EQ(TabsAtBottom(), !each.atTop) << each.top << each.bottom;
+        if (each.shown) {
+            EXPECT_EQ(TabsAtTop(), each.atTop) << each.top << each.bottom;
+            EXPECT_EQ(TabsAtBottom(), !each.atTop) << each.top << each.bottom;
+        }
         CloseAndEnd();
         EXPECT_EQ(SettingNumber("MDITabs", "State"), each.shown);
         EXPECT_EQ(SettingNumber("MDITabs", "Top"), each.atTop);

@@ -106,7 +106,7 @@ TEST_F(StartTest, SaysWhatItLoads) {
         const std::vector<std::string> said = program->BuildLines();
         ASSERT_EQ(said.size(), lines.size()) << program->BuildText();
         for (size_t i = 0; i < lines.size(); ++i)
-            if (lines[i] != 0) EXPECT_EQ(said[i], Text(lines[i]));
+            EXPECT_EQ(said[i], lines[i] != 0 ? Text(lines[i]) : said[i]);
         EXPECT_EQ(Setting("Workspace", "Last Workspace"), expectedLast);
         EXPECT_EQ(App().WorkspaceKind(), load != 0 && expectedLast == project ? 1 : 0);
     }
