@@ -1,5 +1,10 @@
 #include "NewFiles.h"
 
+#include <cctype>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
 #include "platform/PathCalls.h"
 
 namespace {
@@ -9,6 +14,26 @@ std::string AsName(const std::string &title) {
     std::string name;
     for (const char c : title) name += c >= 0 && std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
     return name.empty() || (name[0] >= '0' && name[0] <= '9') ? "_" + name : name;
+}
+
+// Whether the chip's linker script gives data memory in shared banks only: a plain data section has no place there.
+bool HasSharedMemoryOnly(const std::string &processor) {
+    const char *path = std::getenv("GPUTILS_LKR_PATH");
+    std::ifstream script(std::string(path ? path : "/usr/share/gputils/lkr") + "/" + processor.substr(1) + "_g.lkr");
+    bool shared = false;
+    for (std::string line; std::getline(script, line);) {
+        std::string kind;
+        std::istringstream(line) >> kind;
+        if (line.find("PROTECTED") != std::string::npos) continue;
+        if (EqualNoCase(kind, "DATABANK")) return false;
+        if (EqualNoCase(kind, "SHAREBANK")) shared = true;
+    }
+    return shared;
+}
+
+const char *DataSection(const std::string &processor) {
+    if (processor.starts_with("p18")) return "udata_acs";
+    return HasSharedMemoryOnly(processor) ? "udata_shr" : "udata    ";
 }
 
 }  // namespace
@@ -30,7 +55,7 @@ std::string NewSourceText(const std::string &title, const std::string &processor
            "            global  main            ; what other sources may use\n"
            "\n"
            "            " +
-           std::string(pic18 ? "udata_acs" : "udata    ") +
+           DataSection(processor) +
            "               ; variables\n"
            "count       res     1\n"
            "\n"
