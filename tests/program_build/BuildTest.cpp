@@ -61,6 +61,30 @@ TEST_F(BuildProgram, ExamplesBuildRebuildAndCleanWithoutAMessage) {
     }
 }
 
+TEST_F(BuildProgram, SourcesAreFoundUnderTheSpellingOfAnotherSystem) {
+    // As a project comes from a file system that doesn't tell cases apart.
+    scratch.Write("demo/Demo.__c",
+                  "[Settings]\r\nActive Compiler=Assembler\r\nActive Config=debug\r\nTarget=PIC16F628A\r\n"
+                  "[Files]\r\nCount=2\r\nFile0=SRC\\MAIN.ASM\r\nFile1=lib/helper.asm\r\n");
+    scratch.Write("demo/src/Main.asm",
+                  "        include \"p16f628a.inc\"\r\n        extern helper\r\nstart   code 0\r\n"
+                  "        pagesel helper\r\n        goto helper\r\n        end\r\n");
+    scratch.Write("demo/Lib/Helper.asm",
+                  "        include \"p16f628a.inc\"\r\n        global helper\r\n        code\r\nhelper\r\n"
+                  "        goto helper\r\n        end\r\n");
+    Start("demo/Demo.__c");
+    ASSERT_TRUE(program->Build());
+    EXPECT_FALSE(Failed()) << program->BuildText();
+    EXPECT_TRUE(scratch.Exists("demo/Debug/Demo.hex")) << program->BuildText();
+
+    scratch.Write("demo/src/Main.asm", "        include \"p16f628a.inc\"\r\n        movlq 1\r\n        end\r\n");
+    ASSERT_TRUE(program->Build());
+    EXPECT_TRUE(Failed());
+    program->Command(ID_NEXT_MESSAGE);
+    program->Settle();
+    EXPECT_EQ(SelectedLine(), 2) << program->BuildText();
+}
+
 TEST_F(BuildProgram, BatchFilesRunBeforeAndBehindTheMakeToolAndNotInAClean) {
     WriteProject("a dir/demo x.__c", {"main.asm"});
     scratch.Write("a dir/main.asm", kGoodSource);
