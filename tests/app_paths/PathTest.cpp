@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "app/FilePath.h"
 #include "app/PathNames.h"
 #include "app/ProjectDirScope.h"

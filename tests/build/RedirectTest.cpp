@@ -13,7 +13,7 @@
 #include <thread>
 #include <vector>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "app/MainFrame.h"
 #include "build/MyRedirect.h"
 #include "build/XRedirect.h"
@@ -82,10 +82,10 @@ protected:
     // A launcher of this test's own, a shell script.
     void UseLauncher(const std::string &script) {
         chmod(scratch_.Write("pspawn.exe", "#!/bin/sh\n" + script).c_str(), 0755);
-        setenv("THORNWELL_PROGRAM_DIR", scratch_.Path().c_str(), 1);
+        setenv("THORNWELL_PROGRAM_DIR", scratch_.Native().c_str(), 1);
     }
 
-    ScratchDirectory scratch_;
+    CScratchDirectory scratch_;
 };
 
 TEST_F(Redirect, DeliversOutputErrorsAndExitCode) {
@@ -116,9 +116,9 @@ TEST_F(Redirect, DeliversOutputErrorsAndExitCode) {
 TEST_F(Redirect, PassesParameterEventAndDirectoryToTheLauncher) {
     UseLauncher("echo \"$1|$3\"; pwd; test -e /proc/$$/fd/$2 && echo event\n");
     Recorder redirect;
-    ASSERT_TRUE(redirect.Start("make  \"a b\" all", scratch_.Path(), 42));
+    ASSERT_TRUE(redirect.Start("make  \"a b\" all", scratch_.Native(), 42));
     ASSERT_TRUE(redirect.WaitForEnd());
-    EXPECT_EQ(redirect.Written(), (Lines{"42|make  \"a b\" all", scratch_.Path(), "event"}));
+    EXPECT_EQ(redirect.Written(), (Lines{"42|make  \"a b\" all", scratch_.Native(), "event"}));
     EXPECT_TRUE(redirect.launcherCommand.starts_with("pspawn.exe 42 ")) << redirect.launcherCommand;
     EXPECT_TRUE(redirect.launcherCommand.ends_with(" make  \"a b\" all")) << redirect.launcherCommand;
 }
@@ -168,7 +168,7 @@ TEST_F(Redirect, LeavesALauncherThatDoesNotReact) {
 }
 
 TEST_F(Redirect, TellsAMissingLauncherAndEndsTheStep) {
-    setenv("THORNWELL_PROGRAM_DIR", scratch_.Path().c_str(), 1);
+    setenv("THORNWELL_PROGRAM_DIR", scratch_.Native().c_str(), 1);
     Recorder redirect;
     ASSERT_TRUE(redirect.Run("echo x"));
     ASSERT_TRUE(redirect.WaitForEnd());

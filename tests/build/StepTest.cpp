@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "build/MakeCommand.h"
 #include "build/MessageTone.h"
 #include "build/SableCheck.h"
@@ -51,7 +51,7 @@ TEST(SableCheck, AsksOnlyForTheLibraryWithoutItsSwitch) {
         {"Count=1\nFile0=sable.lib\n", "[Linker]\nExtra=/swcs\n", false},
         {"Count=1\nFile0=sable.lib\n", "[Linker]\nExtra=-x\n", true},
     };
-    ScratchDirectory scratch;
+    CScratchDirectory scratch;
     for (const auto &c : cases) {
         const std::string project = scratch.Write("p.__c", std::string("[Files]\n") + c.files);
         const std::string config = scratch.Write("p.__f", c.config);
@@ -60,7 +60,7 @@ TEST(SableCheck, AsksOnlyForTheLibraryWithoutItsSwitch) {
 }
 
 TEST(SableCheck, StoresTheAnswer) {
-    ScratchDirectory scratch;
+    CScratchDirectory scratch;
     const std::string project = scratch.Write("p.__c", "[Files]\nCount=1\nFile0=sable.lib\n");
     const std::string config = scratch.Write("p.__f", "");
     AddSableSwitch(config);

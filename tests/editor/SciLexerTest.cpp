@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "Component.h"
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 
 TEST(CSciLexer, RefusesWhatIsNoModule) {
     const CScratchDirectory scratch;

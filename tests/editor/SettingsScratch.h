@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "app/Settings.h"
 
 class CSettingsScratch {

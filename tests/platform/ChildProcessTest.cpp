@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "platform/FileFind.h"
 #include "platform/FileText.h"
 #include "platform/FileTime.h"

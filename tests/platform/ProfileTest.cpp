@@ -10,7 +10,7 @@
 #include <map>
 #include <random>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "platform/ProfileText.h"
 
 namespace {

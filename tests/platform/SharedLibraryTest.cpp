@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 
 namespace {
 

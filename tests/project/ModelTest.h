@@ -6,7 +6,7 @@
 #include <string>
 
 #include "fixtures/toolsuites/Recorder.h"
-#include "platform/ScratchDirectory.h"
+#include "support/ScratchDirectory.h"
 #include "platform/SharedLibrary.h"
 
 class ModelTest : public testing::Test {
