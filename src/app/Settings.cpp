@@ -65,12 +65,6 @@ bool WriteUserBinary(const std::string &section, const std::string &key, const s
     return UserSettings().User().WriteBinary(section, key, value);
 }
 
-bool DeleteUserKey(const std::string &section, const std::string &key) {
-    return UserSettings().User().DeleteKey(section, key);
-}
-
-bool DeleteUserSection(const std::string &section) { return UserSettings().User().DeleteSection(section); }
-
 bool HasUserSection(const std::string &section) { return UserSettings().User().HasSection(section); }
 
 int GetProfileIntA(const std::string &section, const std::string &key, int fallback) {

@@ -42,8 +42,6 @@ std::vector<uint8_t> GetUserBinary(const std::string &section, const std::string
 bool WriteUserInt(const std::string &section, const std::string &key, int value);
 bool WriteUserString(const std::string &section, const std::string &key, const std::string &value);
 bool WriteUserBinary(const std::string &section, const std::string &key, const std::vector<uint8_t> &value);
-bool DeleteUserKey(const std::string &section, const std::string &key);
-bool DeleteUserSection(const std::string &section);  // with the sections below it
 bool HasUserSection(const std::string &section);
 int GetProfileIntA(const std::string &section, const std::string &key, int fallback);
 std::string GetProfileStringA(const std::string &section, const std::string &key, const std::string &fallback);

@@ -99,9 +99,6 @@ enum StringId : int {
     IDS_TAB_NOTICES = 604,
     IDS_BAR_MAIN = 605,
     IDS_BAR_BUILD = 606,
-    IDS_BAR_MACRO = 607,
-    IDS_BAR_DEBUG = 608,
-    IDS_BAR_FURTHER = 609,
     IDS_TAB_FILES = 610,
     IDS_DIALOG_GOTO_LINE = 620,
     IDS_LABEL_LINE = 621,                 // %d the last line

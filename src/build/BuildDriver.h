@@ -37,7 +37,6 @@ public:
     // Shows the form `resource` of the build tool bar, without the buttons that the active toolsuite has no use for.
     void LoadBuildToolBar(int resource);
 
-    int StandardStepIndex(StandardStep step) const { return standardSteps_[step]; }  // of the toolsuite's steps, or -1
     bool IsIdle() const;  // no child runs and no step waits
 
 private:

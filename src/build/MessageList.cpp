@@ -64,6 +64,6 @@ std::unique_ptr<CMessage> CMessageList::RemoveHead() {
 
 void CMessageList::Finish() {
     CIDEApp::Get().build.LoadBuildToolBar(IDR_MAINFRAME);
-    RefreshBuildViews(false);
+    RefreshBuildViews();
     ArmOpenDocuments();
 }

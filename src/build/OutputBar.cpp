@@ -55,8 +55,6 @@ void COutputBar::ShowTab(Tab tab) {
     raise();
 }
 
-COutputBar::Tab COutputBar::CurrentTab() const { return static_cast<Tab>(tabs_->currentIndex()); }
-
 void COutputBar::AddBuildLine(std::string_view text) { buildList_->AddLine(text); }
 
 void COutputBar::ClearBuildList() { buildList_->ResetContent(); }

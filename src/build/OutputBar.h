@@ -19,7 +19,6 @@ public:
     explicit COutputBar(QWidget *parent);
 
     void ShowTab(Tab tab);  // to the front, and the bar with it
-    Tab CurrentTab() const;
 
     void AddBuildLine(std::string_view text);  // to the build list, which follows it
     void ClearBuildList();

@@ -39,9 +39,6 @@ public:
     intptr_t CaretLine() const;
     bool IsReadOnly() const { return Send(SCI_GETREADONLY) != 0; }
 
-    // Position and scroll of the last change, -1 before the first.
-    intptr_t LastEditPosition() const { return lastEditPos_; }
-
 protected:
     virtual void OnNotify(const SciLexerNotification &notification);
 

@@ -83,13 +83,6 @@ void CXTToolBar::DeleteButton(int command) {
     TidySeparators();
 }
 
-std::vector<int> CXTToolBar::Buttons() const {
-    std::vector<int> commands;
-    for (const QAction *action : actions())
-        if (action->data().isValid()) commands.push_back(action->data().toInt());
-    return commands;
-}
-
 void CXTToolBar::TidySeparators() {
     QAction *last = nullptr;
     for (QAction *action : actions()) {

@@ -19,7 +19,6 @@ public:
     int LoadedResource() const { return resource_; }
     bool HasButton(int command) const;
     void DeleteButton(int command);  // with a separator that would be left at an end or doubled
-    std::vector<int> Buttons() const;
 
     void UpdateCommandUI();  // asks the frame for the state of each button
 

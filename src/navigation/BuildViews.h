@@ -1,5 +1,5 @@
-// The views on what a build leaves: listing, call tree, function information.
+// The views on what a build leaves. It is one: the output rows of the workspace bar.
 #pragma once
 
-// Refreshes those that are on show. With `reload` they read their files again even when these seem unchanged.
-void RefreshBuildViews(bool reload);
+// The build has ended, or another project or configuration is on show.
+void RefreshBuildViews();

@@ -1,4 +1,5 @@
-// The index of the workspace's symbols.
+// The index of the workspace's symbols. Nothing feeds it: it is empty, and the calls mark the moments at which its
+// content would be out of date.
 #pragma once
 
 #include <string>
@@ -8,9 +9,9 @@ class CIDEDoc;
 // Main thread.
 class CSymbolIndex {
 public:
-    // Builds the index of the open workspace anew; without a workspace it becomes empty.
+    // The workspace, its files or its toolsuite have changed.
     void UpdateBrowseInfo();
 
-    // Lists the functions of one document anew.
+    // A document was opened or saved: its functions are no longer known.
     void UpdateDocumentFunctions(const std::string &path, CIDEDoc &document);
 };

@@ -1,6 +1,5 @@
 // The news reader.
 #pragma once
 
-// Fetches the news in the background and shows what the user has not seen. Called once after start-up when the user
-// wants news.
+// Called once after start-up when the user wants news. The program knows no source of news, so there is nothing to do.
 void StartNewsFetch();

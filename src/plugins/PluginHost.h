@@ -1,4 +1,4 @@
-// The state of simulator plug-ins in a project.
+// The state of simulator plug-ins in a project. No plug-in is ever loaded here, so a project's section stays as it is.
 #pragma once
 
 #include <string>

@@ -244,7 +244,7 @@ void CWorkspaceController::SelectConfiguration() {
         bar.SetFirstVisibleRow(row);
     }
     CIDEApp::Get().symbols.UpdateBrowseInfo();
-    RefreshBuildViews(false);
+    RefreshBuildViews();
 }
 
 void CWorkspaceController::StoreProjectState(const std::string &projectFile) {
@@ -296,7 +296,7 @@ void CWorkspaceController::ActivateProject(const std::string &oldFile, const std
     frame.WorkspaceBar().MarkActiveProject();
     frame.WorkspaceBar().ReloadTodo();
     frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
-    RefreshBuildViews(true);
+    RefreshBuildViews();
     ShowActiveProject();
     app.session.ClearViews();
     LoadProjectState();

@@ -101,7 +101,6 @@ TEST(LanguageMenus, EveryCommandIsWithinTheUsersReach) {
     const std::set<int> elsewhere = {
         ID_TOOL_STEPS,         ID_WINDOW_LIST,       // the frame appends these
         ID_CONFIG_SELECT,                            // the box on the tool bar
-        ID_PROJECT_CLOCK_RATE, ID_WINDOW_ARRANGE,    // nothing to set or line up in this program's windows
         ID_REBUILD_ALL_BUTTON,                       // twin of the menu's command
         ID_STEP_THIRD_STOP,    ID_STEP_FOURTH_STOP,  // the build's stop button does for these
     };
