@@ -12,6 +12,12 @@ consteval LangToolButton Push(int command) {
     return {command, kLangButtonPush, FindRow(kIconsById, command).value().icon, 0};
 }
 
+consteval LangToolButton Check(int command) {
+    LangToolButton button = Push(command);
+    button.kind = kLangButtonCheck;
+    return button;
+}
+
 consteval LangToolButton DropDown(int command, int menu) {
     LangToolButton button = Push(command);
     button.kind = kLangButtonDropDown;
@@ -32,9 +38,61 @@ constexpr LangToolButton kMain[] = {
     Push(ID_EDIT_UNDO),
     Push(ID_EDIT_REDO),
     kGap,
+    Push(ID_FILE_PRINT_DIRECT),
+};
+
+constexpr LangToolButton kEdit[] = {
+    Push(ID_EDIT_FIND),
+    Push(ID_EDIT_FIND_PREVIOUS),
+    Push(ID_EDIT_FIND_NEXT),
+    Push(ID_EDIT_REPLACE),
+    kGap,
     Push(ID_BOOKMARK_TOGGLE),
-    Push(ID_BOOKMARK_NEXT),
     Push(ID_BOOKMARK_PREVIOUS),
+    Push(ID_BOOKMARK_NEXT),
+    Push(ID_BOOKMARK_CLEAR),
+    kGap,
+    Push(ID_MATCH_BRACE),
+    Push(ID_LAST_EDIT),
+    Push(ID_OPEN_COUNTERPART),
+    kGap,
+    Push(ID_MACRO_RECORD),
+    Push(ID_MACRO_PLAY),
+};
+
+constexpr LangToolButton kMacroRecording[] = {
+    Push(ID_MACRO_PAUSE),
+    Push(ID_MACRO_STOP),
+};
+
+constexpr LangToolButton kMacroPaused[] = {
+    Push(ID_MACRO_RESUME),
+    Push(ID_MACRO_STOP),
+};
+
+constexpr LangToolButton kDebug[] = {
+    Push(ID_DEBUG_CONTINUE),
+    Push(ID_DEBUG_STOP),
+    Push(ID_DEBUG_RESET),
+    Push(ID_DEBUG_END),
+    kGap,
+    Push(ID_DEBUG_STEP_INTO),
+    Push(ID_DEBUG_STEP_OVER),
+    Push(ID_DEBUG_STEP_OUT),
+    Push(ID_DEBUG_STEP_BACK),
+    Push(ID_DEBUG_RUN_TO_CURSOR),
+    Push(ID_BREAKPOINT_TOGGLE),
+    kGap,
+    Check(ID_VIEW_REGISTER_BAR),
+    Check(ID_VIEW_WATCH_BAR),
+    Check(ID_VIEW_RAM_BAR),
+    Check(ID_VIEW_EEPROM_BAR),
+    Check(ID_VIEW_STACK_BAR),
+    Check(ID_VIEW_LISTING_BAR),
+    Check(ID_VIEW_PROFILE_BAR),
+    kGap,
+    Check(ID_DEBUG_PROFILING),
+    Check(ID_DEBUG_SNAPSHOT),
 };
 
 // The forms of the build tool bar differ in what their stop button stops, so that nothing moves when a build starts.
@@ -54,6 +112,7 @@ constexpr LangToolButton kBuildForm[] = {
     Push(Stop),
     Push(ID_NEXT_MESSAGE),
     kGap,
+    Push(ID_DEBUG_START),
     Push(ID_PROJECT_OPTIONS),
 };
 
@@ -64,6 +123,10 @@ struct ToolBarRow {
 
 constexpr ToolBarRow kToolBars[] = {
     {IDR_TOOLBAR_MAIN, kMain},
+    {IDR_TOOLBAR_EDIT, kEdit},
+    {IDR_TOOLBAR_DEBUG, kDebug},
+    {IDR_MACRO_RECORDING, kMacroRecording},
+    {IDR_MACRO_PAUSED, kMacroPaused},
     {IDR_MAINFRAME, kBuildForm<ID_BUILD_STOP>},
     {IDR_BUILD_RUNNING, kBuildForm<ID_BUILD_STOP>},
     {IDR_BUILD_STEP_FIRST, kBuildForm<ID_STEP_FIRST_STOP>},

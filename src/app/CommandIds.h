@@ -9,9 +9,14 @@ enum CommandId : int {
     ID_FILE_CLOSE = 57602,
     ID_FILE_SAVE = 57603,
     ID_FILE_SAVE_AS = 57604,
+    ID_FILE_PRINT = 57607,
+    ID_FILE_PRINT_DIRECT = 57608,  // on the last printer, without a question
+    ID_FILE_PRINT_PREVIEW = 57609,
     ID_EDIT_COPY = 57634,
     ID_EDIT_CUT = 57635,
+    ID_EDIT_FIND = 57636,
     ID_EDIT_PASTE = 57637,
+    ID_EDIT_REPLACE = 57641,
     ID_EDIT_SELECT_ALL = 57642,
     ID_EDIT_UNDO = 57643,
     ID_EDIT_REDO = 57644,
@@ -29,8 +34,13 @@ enum CommandId : int {
     // Lists that menus show; each id is the first of a range
     ID_RECENT_FILES = 34780,       // 8 entries
     ID_RECENT_WORKSPACES = 34790,  // 8 entries
+    ID_PLUGIN_NONE = 32878,        // what the plug-in menu shows while there is no plug-in
+    ID_PLUGIN_BARS = 32879,        // 26 places
     ID_TOOL_STEPS = 35000,         // to 35047
-    ID_WINDOW_LIST = 65280,        // open child windows, 9 and one for the rest
+    ID_FUNCTIONS = 36000,          // to 36999: functions of the document
+    ID_USER_MACROS = 37000,        // to 37063: saved macros
+    ID_WINDOW_LIST = 65280,        // open child windows, 9
+    ID_WINDOW_LIST_ALL = 65289,    // a dialog with all of them
 
     // Workspace and projects
     ID_WORKSPACE_NEW = 33021,
@@ -84,7 +94,16 @@ enum CommandId : int {
     // Bars and document tabs
     ID_VIEW_WORKSPACE_BAR = 32782,
     ID_VIEW_OUTPUT_BAR = 32783,
+    ID_VIEW_REGISTER_BAR = 32811,
+    ID_VIEW_WATCH_BAR = 32812,
+    ID_VIEW_RAM_BAR = 32813,
+    ID_VIEW_STACK_BAR = 32814,
+    ID_VIEW_EEPROM_BAR = 32824,
     ID_VIEW_BUILD_TOOL_BAR = 32845,
+    ID_VIEW_PROFILE_BAR = 32860,
+    ID_VIEW_LISTING_BAR = 32991,
+    ID_VIEW_DEBUG_TOOL_BAR = 33002,
+    ID_VIEW_EDIT_TOOL_BAR = 33061,
     ID_TAB_ACTIVATE = 32795,
     ID_TAB_CLOSE = 32796,
     ID_TABS_TOP = 32797,
@@ -102,6 +121,51 @@ enum CommandId : int {
     ID_MATCH_BRACE = 32930,
     ID_LAST_EDIT = 33012,
     ID_OPEN_COUNTERPART = 32810,
+    ID_EDIT_FIND_NEXT = 32816,
+    ID_EDIT_FIND_PREVIOUS = 32817,
+    ID_PAGE_MARGINS = 32833,
+    ID_BREAKPOINT_TOGGLE = 32844,
+    ID_EDITOR_SETTINGS = 33060,
+
+    // Keyboard macros
+    ID_MACRO_STOP = 32826,
+    ID_MACRO_PAUSE = 32827,
+    ID_MACRO_RESUME = 32828,
+    ID_MACRO_RECORD = 32829,
+    ID_MACRO_PLAY = 32830,
+    ID_MACRO_SAVE = 32853,
+    ID_MACRO_LIST = 32854,
+
+    // Debug run
+    ID_DEBUG_START = 32809,  // with a run, ends it
+    ID_DEBUG_STEP_OVER = 32842,
+    ID_DEBUG_STEP_INTO = 32843,
+    ID_DEBUG_CONTINUE = 32846,
+    ID_DEBUG_STOP = 32847,
+    ID_DEBUG_RESET = 32848,
+    ID_DEBUG_STEP_OUT = 32849,
+    ID_DEBUG_STEP_BACK = 32861,
+    ID_DEBUG_PROFILING = 32862,
+    ID_DEBUG_SNAPSHOT = 32901,
+    ID_DEBUG_POWER_ON_RESET = 32933,
+    ID_DEBUG_END = 33007,
+    ID_DEBUG_RUN_TO_CURSOR = 33008,
+    ID_CLOCK_RATE = 32935,
+
+    // Help
+    ID_TIP_OF_THE_DAY = 32789,
+    ID_HELP_OSPREYC = 32790,
+    ID_HELP_USER_MANUAL = 32915,
+    ID_HELP_OSPREYP = 32923,
+    ID_HELP_PLUGIN_SYSTEM = 32937,
+    ID_HELP_WIZARD = 32938,
+    ID_HELP_OSPREYCPP = 32990,
+    ID_HELP_LARKC = 33005,
+    ID_HELP_LARKBASIC = 33014,
+    ID_HELP_SABLE_RTOS = 33016,
+    ID_HELP_FLOAT_MATH = 33017,
+    ID_HELP_LARKCPP = 33018,
+    ID_HELP_MOORHEN = 33055,
 
     ID_FILE_SAVE_ALL = 33030,
 };

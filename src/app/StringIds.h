@@ -99,6 +99,9 @@ enum StringId : int {
     IDS_TAB_NOTICES = 604,
     IDS_BAR_MAIN = 605,
     IDS_BAR_BUILD = 606,
+    IDS_BAR_MACRO = 607,
+    IDS_BAR_DEBUG = 608,
+    IDS_BAR_EDIT = 609,
     IDS_TAB_FILES = 610,
     IDS_DIALOG_GOTO_LINE = 620,
     IDS_LABEL_LINE = 621,                 // %d the last line
@@ -123,11 +126,23 @@ enum StringId : int {
     IDS_DIALOG_ABOUT = 640,
     IDS_ABOUT_TEXT = 641,
 
+    IDS_BAR_REGISTERS = 650,
+    IDS_BAR_WATCH = 651,
+    IDS_BAR_RAM = 652,
+    IDS_BAR_EEPROM = 653,
+    IDS_BAR_STACK = 654,
+    IDS_BAR_LISTING = 655,
+    IDS_BAR_PROFILE = 656,
+    IDS_DEBUG_BAR_EMPTY = 657,            // in the bars of a debug run while there is none
+
     // Menu texts that the frame looks for
     IDS_MENU_TOOLS = 700,
     IDS_MENU_WINDOW = 701,
     IDS_MENU_RECENT_FILES = 702,
     IDS_MENU_RECENT_WORKSPACES = 703,
+    IDS_MENU_MACRO = 704,
+    IDS_MENU_PLUGINS = 705,
+    IDS_PLUGIN_MENU_EMPTY = 706,          // entry while there is no plug-in
 };
 
 // Menus, tool bars and accelerators of the language library.
@@ -139,6 +154,10 @@ enum ResourceId : int {
     IDR_BUILD_STEP_FIFTH = 185,
     IDR_OUTPUT_MENU = 151,
     IDR_TOOLBAR_MAIN = 59392,
+    IDR_TOOLBAR_DEBUG = 59512,
+    IDR_TOOLBAR_EDIT = 59513,
+    IDR_MACRO_RECORDING = 129,  // forms of the macro tool bar
+    IDR_MACRO_PAUSED = 132,
     IDR_WORKSPACE_MENU_PROJECT = 152,
     IDR_WORKSPACE_MENU_FILE = 153,
     IDR_WORKSPACE_MENU_ROOT = 154,

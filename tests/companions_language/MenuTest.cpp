@@ -100,6 +100,11 @@ TEST(LanguageMenus, HoldWhatTheFrameLooksFor) {
 TEST(LanguageMenus, EveryCommandIsWithinTheUsersReach) {
     const std::set<int> elsewhere = {
         ID_TOOL_STEPS,         ID_WINDOW_LIST,       // the frame appends these
+        ID_WINDOW_LIST_ALL,    ID_USER_MACROS,
+        ID_PLUGIN_NONE,        ID_PLUGIN_BARS,
+        ID_FUNCTIONS,                                // of the code view's menu
+        ID_HELP_OSPREYC,       ID_HELP_OSPREYCPP,    // never show in a menu
+        ID_HELP_OSPREYP,       ID_HELP_WIZARD,
         ID_CONFIG_SELECT,                            // the box on the tool bar
         ID_REBUILD_ALL_BUTTON,                       // twin of the menu's command
         ID_STEP_THIRD_STOP,    ID_STEP_FOURTH_STOP,  // the build's stop button does for these

@@ -49,7 +49,7 @@ TEST(LanguageToolBars, FormsOfTheBuildBarDifferInTheirStopButton) {
     for (const auto &form : forms) {
         std::multiset<int> expected = {ID_CONFIG_SELECT,   ID_BUILD,           ID_REBUILD_BUTTON,  ID_STEP_FIRST_RUN,
                                        ID_STEP_SECOND_RUN, ID_STEP_THIRD_RUN,  ID_STEP_FOURTH_RUN, ID_STEP_FIFTH_RUN,
-                                       ID_NEXT_MESSAGE,    ID_PROJECT_OPTIONS, form.stop};
+                                       ID_NEXT_MESSAGE,    ID_PROJECT_OPTIONS, ID_DEBUG_START,     form.stop};
         EXPECT_EQ(CommandsOf(form.form), expected) << form.form;
     }
 }
