@@ -116,6 +116,16 @@ constexpr TextRow kTexts[] = {
     {IDS_UNTITLED, "Untitled"},
     {IDS_DEBUG_READ_ONLY, "Sources can't be changed while debugging."},
 
+    // Debug run
+    {IDS_DEBUG_START, "Debugging %s"},
+    {IDS_DEBUG_INIT_FAILED, "!E: The simulation of the chip %s can't be started."},
+    {IDS_DEBUG_ADVICE_FIRST, "What can help:"},
+    {IDS_DEBUG_ADVICE_SECOND, "- Check that the simulation engine debugger.dll lies in the program's directory."},
+    {IDS_DEBUG_ADVICE_THIRD, "- Check the project's target: not every chip can be simulated."},
+    {IDS_DEBUG_ADVICE_FOURTH, "- Build the project without an error first."},
+    {IDS_DEBUG_ADVICE_FIFTH, "- End other programs that simulate the same image."},
+    {IDS_DEBUG_ADVICE_LAST, "- Start the program again."},
+
     // Titles and labels of windows
     {IDS_BAR_WORKSPACE, "Workspace"},
     {IDS_BAR_OUTPUT, "Output"},

@@ -14,6 +14,7 @@
 #include "debugger/BookmarkList.h"
 #include "debugger/BreakpointList.h"
 #include "debugger/DbgInterface.h"
+#include "debugger/DebugCommands.h"
 #include "debugger/DebugSession.h"
 #include "editor/Abbreviations.h"
 #include "editor/EditorProperties.h"
@@ -82,6 +83,7 @@ public:
     CKeyMacro macro;
     CSymbolIndex symbols;
     CDbgInterface debugger;
+    CDebugCommands debugCommands;
     CDebugSession session;  // `debugging` and `running`, and the deferred command
     CMessageList messageList;
     CFileTracker fileTracker;

@@ -91,6 +91,16 @@ enum StringId : int {
     IDS_UNTITLED = 507,                   // title of a new document, a number follows
     IDS_DEBUG_READ_ONLY = 508,            // typing during a debug run; build list
 
+    // Debug run; all in the build list
+    IDS_DEBUG_START = 850,                // %s the project
+    IDS_DEBUG_INIT_FAILED = 851,          // %s the chip
+    IDS_DEBUG_ADVICE_FIRST = 852,         // six lines
+    IDS_DEBUG_ADVICE_SECOND = 853,
+    IDS_DEBUG_ADVICE_THIRD = 854,
+    IDS_DEBUG_ADVICE_FOURTH = 855,
+    IDS_DEBUG_ADVICE_FIFTH = 856,
+    IDS_DEBUG_ADVICE_LAST = 857,
+
     // Titles and labels of windows
     IDS_BAR_WORKSPACE = 600,
     IDS_BAR_OUTPUT = 601,
