@@ -179,6 +179,47 @@ constexpr TextRow kTexts[] = {
     {IDS_MENU_MACRO, "&Macro"},
     {IDS_MENU_PLUGINS, "Plug-&ins"},
     {IDS_PLUGIN_MENU_EMPTY, "(none installed)"},
+
+    // Clock rate, about box, tip of the day
+    {IDS_DIALOG_CLOCK_RATE, "Clock Rate"},
+    {IDS_LABEL_CLOCK_RATE, "&Clock rate of the target:"},
+    {IDS_CLOCK_RATE_LIMITS, "A rate like 4000000 or 4 MHz, from %s to %s"},
+    {IDS_ABOUT_CREDITS,
+     "Made with Qt %s (LGPL 3), QScintilla and Scintilla (GPL 3), Boost (Boost Software License) and SQLite (public "
+     "domain). Builds run GNU make and the tools of the project's compiler."},
+    {IDS_DIALOG_TIP, "Tip of the Day"},
+    {IDS_TIP_HEADING, "Did you know..."},
+    {IDS_TIP_NEXT, "&Next Tip"},
+    {IDS_TIP_CLOSE, "&Close"},
+    {IDS_TIP_AT_START, "&Show tips at start"},
+
+    // Editor settings
+    {IDS_DIALOG_EDITOR_SETTINGS, "Editor Settings"},
+    {IDS_PAGE_EDITOR_GENERAL, "General"},
+    {IDS_PAGE_EDITOR_SYNTAX, "Syntax"},
+    {IDS_LABEL_COLOUR_SCHEME, "Colour sc&heme:"},
+    {IDS_CHOOSE_SCHEME, "Choose a scheme"},
+    {IDS_GROUP_FONT, "Font"},
+    {IDS_LABEL_FONT, "&Name:"},
+    {IDS_LABEL_FONT_SIZE, "Si&ze:"},
+    {IDS_FONT_NOT_INSTALLED, "%s is not installed here; the most similar font takes its place."},
+    {IDS_GROUP_TABS, "Tabs"},
+    {IDS_LABEL_TAB_SIZE, "&Width:"},
+    {IDS_USE_TABS, "Indent with &tab characters"},
+    {IDS_GROUP_TEXT, "Text"},
+    {IDS_LINE_NUMBERS, "&Line numbers"},
+    {IDS_INDENT_GUIDES, "&Indentation guides"},
+    {IDS_FOLDING, "&Folding of blocks"},
+    {IDS_SMART_INDENT, "S&mart indentation"},
+    {IDS_LABEL_STYLES, "&Kind of text:"},
+    {IDS_LABEL_TEXT_COLOUR, "&Text:"},
+    {IDS_LABEL_BACK_COLOUR, "Back&ground:"},
+    {IDS_MORE_COLOURS, "&More..."},
+    {IDS_STYLE_BOLD, "&Bold"},
+    {IDS_STYLE_ITALIC, "&Italic"},
+    {IDS_STYLE_UNDERLINE, "&Underline"},
+    {IDS_STYLE_NO_CHANGE, "Keep the text'&s own colours"},
+    {IDS_EDITOR_SETTINGS_NOT_SAVED, "The settings can't be stored. They hold until the program ends."},
     {IDS_TABS_ON, "Show &Document Tabs"},
     {IDS_TABS_OFF, "Hide &Document Tabs"},
 
@@ -362,6 +403,7 @@ constexpr ListRange kLists[] = {
 const char *FindText(int id) {
     for (const auto &list : kLists)
         if (id > list.first && id <= list.last) id = list.first;
+    if (id >= IDS_TIPS && id < IDS_TIPS + kMostTips) return FindTip(id - IDS_TIPS);
     const auto row = FindRow(kById, id);
     return row ? row->text : nullptr;
 }

@@ -15,6 +15,7 @@
 #include "app/StringIds.h"
 #include "build/OutputBar.h"
 #include "editor/ChildFrame.h"
+#include "editor/EditorSettingsCommand.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "framework/FileDialog.h"
@@ -156,6 +157,7 @@ void CIDEApp::MapCommands() {
     OnCommand(
         ID_FILE_SAVE_ALL, [this] { SaveAllDocuments(false); },
         [this](CCmdUI &ui) { ui.Enable(std::ranges::any_of(GetDocuments(), &CDocument::IsModified)); });
+    OnCommand(ID_EDITOR_SETTINGS, [] { RunEditorSettings(); });
     OnCommand(ID_APP_ABOUT, [this] { CAboutDlg(frame_.get()).exec(); });
 }
 

@@ -153,7 +153,49 @@ enum StringId : int {
     IDS_MENU_MACRO = 704,
     IDS_MENU_PLUGINS = 705,
     IDS_PLUGIN_MENU_EMPTY = 706,          // entry while there is no plug-in
+
+    // Clock rate, about box, tip of the day
+    IDS_DIALOG_CLOCK_RATE = 810,
+    IDS_LABEL_CLOCK_RATE = 811,
+    IDS_CLOCK_RATE_LIMITS = 812,          // %s the lowest, %s the highest rate
+    IDS_ABOUT_CREDITS = 813,              // %s the toolkit's version
+    IDS_DIALOG_TIP = 900,
+    IDS_TIP_HEADING = 901,
+    IDS_TIP_NEXT = 902,
+    IDS_TIP_CLOSE = 903,
+    IDS_TIP_AT_START = 904,
+    IDS_TIPS = 910,                       // the first tip; the others follow, at most to IDS_TIPS + kMostTips - 1
+
+    // Editor settings
+    IDS_DIALOG_EDITOR_SETTINGS = 710,
+    IDS_PAGE_EDITOR_GENERAL = 711,
+    IDS_PAGE_EDITOR_SYNTAX = 712,
+    IDS_LABEL_COLOUR_SCHEME = 713,
+    IDS_CHOOSE_SCHEME = 714,              // in the list of schemes while none is chosen
+    IDS_GROUP_FONT = 715,
+    IDS_LABEL_FONT = 716,
+    IDS_LABEL_FONT_SIZE = 717,
+    IDS_FONT_NOT_INSTALLED = 718,         // %s the font; tool tip
+    IDS_GROUP_TABS = 719,
+    IDS_LABEL_TAB_SIZE = 720,
+    IDS_USE_TABS = 721,
+    IDS_GROUP_TEXT = 722,
+    IDS_LINE_NUMBERS = 723,
+    IDS_INDENT_GUIDES = 724,
+    IDS_FOLDING = 725,
+    IDS_SMART_INDENT = 726,
+    IDS_LABEL_STYLES = 727,
+    IDS_LABEL_TEXT_COLOUR = 728,
+    IDS_LABEL_BACK_COLOUR = 729,
+    IDS_MORE_COLOURS = 730,
+    IDS_STYLE_BOLD = 731,
+    IDS_STYLE_ITALIC = 732,
+    IDS_STYLE_UNDERLINE = 733,
+    IDS_STYLE_NO_CHANGE = 734,            // selected text keeps its text colours
+    IDS_EDITOR_SETTINGS_NOT_SAVED = 735,  // error
 };
+
+inline constexpr int kMostTips = 40;
 
 // Menus, tool bars and accelerators of the language library.
 enum ResourceId : int {

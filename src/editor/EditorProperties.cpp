@@ -49,11 +49,26 @@ void VisitFlags(Row &row, const std::string &prefix, Visit visit) {
     visit(prefix + "_NoCh", row.noChange);
 }
 
-// The font that shows source text: the user's, or the desktop's fixed one where the system has nothing like it.
-std::string FontOnThisSystem(const std::string &font) {
-    const QString family = ToQString(font);
-    if (QFontDatabase::hasFamily(family) || QFontInfo(QFont(family)).fixedPitch()) return font;
-    return FromQString(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+// Has Qt show the desktop's fixed font where this system has nothing like `family`.
+void ProvideFont(const QString &family) {
+    if (QFontDatabase::hasFamily(family) || !QFont::substitutes(family).isEmpty()) return;
+    if (QFontInfo(QFont(family)).fixedPitch()) return;
+    QFont::insertSubstitution(family, QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+}
+
+// A colour as the component takes it: other bits than the three colours' can only come from a store gone wrong.
+intptr_t Colour(uint32_t colour) {
+    return static_cast<intptr_t>(colour & 0xFFFFFF);
+}
+
+// Sets text and back colour, bold, italic and underline of one of the component's styles.
+void SetStyle(const CSciWindow &window, int style, const CStyle &look) {
+    const auto number = static_cast<uintptr_t>(style);
+    window.Send(SCI_STYLESETFORE, number, Colour(look.textColour));
+    window.Send(SCI_STYLESETBACK, number, Colour(look.backColour));
+    window.Send(SCI_STYLESETBOLD, number, look.bold);
+    window.Send(SCI_STYLESETITALIC, number, look.italic);
+    window.Send(SCI_STYLESETUNDERLINE, number, look.underline);
 }
 
 }  // namespace
@@ -70,7 +85,7 @@ void CEditorProperties::Load() {
     if (GetUserString(kSection, "Font", "").empty()) return;
     const auto flag = [](const std::string &key, bool fallback) { return GetUserInt(kSection, key, fallback) != 0; };
     font = GetUserString(kSection, "Font", "Courier");
-    fontSize = std::max(1, GetUserInt(kSection, "FontSize", 10));
+    fontSize = GetUserInt(kSection, "FontSize", 10);
     tabSize = std::max(1, GetUserInt(kSection, "TabSize", 4));
     useTabs = flag("HTabs", true);
     fold = flag("Fold", false);
@@ -85,21 +100,25 @@ void CEditorProperties::Load() {
     }
 }
 
-void CEditorProperties::Save() const {
-    WriteUserString(kSection, "Font", font);
-    WriteUserInt(kSection, "FontSize", fontSize);
-    WriteUserInt(kSection, "TabSize", tabSize);
-    WriteUserInt(kSection, "HTabs", useTabs);
-    WriteUserInt(kSection, "Fold", fold);
-    WriteUserInt(kSection, "Indentation", indentGuides);
-    WriteUserInt(kSection, "SmartIndentation", smartIndent);
-    WriteUserInt(kSection, "LNumbers", lineNumbers);
+bool CEditorProperties::Save() const {
+    bool saved = WriteUserString(kSection, "Font", font);
+    const auto write = [&saved](const std::string &key, int value) {
+        saved = WriteUserInt(kSection, key, value) && saved;
+    };
+    write("FontSize", fontSize);
+    write("TabSize", tabSize);
+    write("HTabs", useTabs);
+    write("Fold", fold);
+    write("Indentation", indentGuides);
+    write("SmartIndentation", smartIndent);
+    write("LNumbers", lineNumbers);
     for (size_t i = 0; i < styles.size(); ++i) {
         const std::string prefix = std::to_string(i);
-        WriteUserInt(kSection, prefix + "_Text", static_cast<int>(styles[i].textColour));
-        WriteUserInt(kSection, prefix + "_Back", static_cast<int>(styles[i].backColour));
-        VisitFlags(styles[i], prefix, [](const std::string &key, bool value) { WriteUserInt(kSection, key, value); });
+        write(prefix + "_Text", static_cast<int>(styles[i].textColour));
+        write(prefix + "_Back", static_cast<int>(styles[i].backColour));
+        VisitFlags(styles[i], prefix, write);
     }
+    return saved;
 }
 
 const CStyle &CEditorProperties::Row(int id) const {
@@ -136,60 +155,55 @@ void CEditorProperties::ApplyMargins(const CSciWindow &window, int lineCount) co
     window.Send(SCI_SETINDENTATIONGUIDES, indentGuides);
     window.Send(SCI_SETUSETABS, useTabs);
     window.Send(SCI_SETMARGINWIDTHN, 2, FoldsIn(window) ? kFoldMarginWidth : 0);
-    window.Send(SCI_SETTABWIDTH, static_cast<uintptr_t>(tabSize));
+    window.Send(SCI_SETTABWIDTH, static_cast<uintptr_t>(std::clamp(tabSize, 1, kMaxTabSize)));
     window.Send(SCI_SETMARGINTYPEN, 0, lineNumbers ? SC_MARGIN_NUMBER : SC_MARGIN_SYMBOL);
     window.Send(SCI_SETMARGINTYPEN, 1, SC_MARGIN_SYMBOL);
 }
 
-void CEditorProperties::ApplyFont(const CSciWindow &window) const {
-    const std::string family = FontOnThisSystem(font);
-    const auto apply = [&](uintptr_t style) {
-        window.SendText(SCI_STYLESETFONT, style, family.c_str());
-        window.Send(SCI_STYLESETSIZE, style, fontSize);
-    };
-    apply(STYLE_DEFAULT);
-    for (uintptr_t style = 0; style < kLexerStyles; ++style) apply(style);
-    // A brace must not change its width when it lights up, nor a line number outgrow the margin measured for it.
-    apply(STYLE_LINENUMBER);
-    apply(STYLE_BRACELIGHT);
-    apply(STYLE_BRACEBAD);
+void CEditorProperties::ClearStyles(const CSciWindow &window) const {
+    ProvideFont(ToQString(font));
+    ApplyFontTo(window, STYLE_DEFAULT);
+    ApplyRow(window, Row(STYLE_DEFAULT));
+    window.Send(SCI_STYLECLEARALL);
 }
 
-void CEditorProperties::ApplyRow(const CSciWindow &window, const CStyle &row) const {
-    const auto text = static_cast<intptr_t>(row.textColour), back = static_cast<intptr_t>(row.backColour);
+void CEditorProperties::ApplyFont(const CSciWindow &window) const {
+    ProvideFont(ToQString(font));
+    ApplyFontTo(window, STYLE_DEFAULT);
+    for (int style = 0; style < kLexerStyles; ++style) ApplyFontTo(window, style);
+}
+
+void CEditorProperties::ApplyFontTo(const CSciWindow &window, int style) const {
+    window.SendText(SCI_STYLESETFONT, static_cast<uintptr_t>(style), font.c_str());
+    window.Send(SCI_STYLESETSIZE, static_cast<uintptr_t>(style), std::clamp(fontSize, 1, kMaxFontSize));
+}
+
+void CEditorProperties::ApplyRow(const CSciWindow &window, const CStyle &row) {
     switch (row.id) {
         case CStyle::kCaret:
-            window.Send(SCI_SETCARETFORE, row.textColour);
+            window.Send(SCI_SETCARETFORE, static_cast<uintptr_t>(Colour(row.textColour)));
             return;
         case CStyle::kSelection:
-            window.Send(SCI_SETSELFORE, row.noChange ? 0 : 1, text);
-            window.Send(SCI_SETSELBACK, 1, back);
+            window.Send(SCI_SETSELFORE, row.noChange ? 0 : 1, Colour(row.textColour));
+            window.Send(SCI_SETSELBACK, 1, Colour(row.backColour));
             return;
         case CStyle::kExecutionLine:
             window.Send(SCI_MARKERDEFINE, 0, SC_MARK_BACKGROUND);
             return;
     }
-    const auto apply = [&](int style) {
-        const auto number = static_cast<uintptr_t>(style);
-        window.Send(SCI_STYLESETFORE, number, text);
-        window.Send(SCI_STYLESETBACK, number, back);
-        window.Send(SCI_STYLESETBOLD, number, row.bold);
-        window.Send(SCI_STYLESETITALIC, number, row.italic);
-        window.Send(SCI_STYLESETUNDERLINE, number, row.underline);
-    };
-    apply(row.id);
-    if (row.id == kCommentBlock) apply(kDocComment);
-    if (row.id == kLineComment) apply(kDocLineComment);
+    SetStyle(window, row.id, row);
+    if (row.id == kCommentBlock) SetStyle(window, kDocComment, row);
+    if (row.id == kLineComment) SetStyle(window, kDocLineComment, row);
 }
 
 void CEditorProperties::ApplyExecutionColour(const CSciWindow &window) const {
-    window.Send(SCI_MARKERSETBACK, 0, static_cast<intptr_t>(Row(CStyle::kExecutionLine).backColour));
+    window.Send(SCI_MARKERSETBACK, 0, Colour(Row(CStyle::kExecutionLine).backColour));
 }
 
 void CEditorProperties::ApplyPredefinedStyles(const CSciWindow &window) const {
-    const auto back = static_cast<intptr_t>(Row(kWhitespace).backColour);
+    const auto back = Colour(Row(kWhitespace).backColour);
     window.Send(SCI_STYLESETFORE, STYLE_LINENUMBER, 0);
-    window.Send(SCI_STYLESETFORE, STYLE_BRACELIGHT, static_cast<intptr_t>(Row(kWord).textColour));
+    window.Send(SCI_STYLESETFORE, STYLE_BRACELIGHT, Colour(Row(kWord).textColour));
     window.Send(SCI_STYLESETBACK, STYLE_BRACELIGHT, back);
     window.Send(SCI_STYLESETBOLD, STYLE_BRACELIGHT, 1);
     window.Send(SCI_STYLESETFORE, STYLE_BRACEBAD, 0x0000FF);

@@ -13,11 +13,18 @@ class CEditorProperties {
 public:
     static constexpr size_t kStyles = 15;
 
+    // What a window takes at most. Values beyond are kept as they were stored and cut when they are used.
+    static constexpr int kMaxFontSize = 200, kMaxTabSize = 64;
+
     CEditorProperties();  // the defaults
 
     void ResetStyles();  // the table's defaults; the other fields stay
     void Load();         // from the user's settings; without any there, nothing changes
-    void Save() const;
+    bool Save() const;   // all of it; false when the settings can't be written
+
+    // Gives all styles of the window the look of ordinary text, among them those that no row of the table sets; to be
+    // followed by ApplyProperties, which then measures its margins in the right font.
+    void ClearStyles(const CSciWindow &window) const;
 
     // Pushes everything into one component window. `lineCount` decides how wide the line numbers are.
     void ApplyProperties(const CSciWindow &window, int lineCount) const;
@@ -30,7 +37,7 @@ public:
     bool FoldsIn(const CSciWindow &window) const;
 
     std::string font = "Courier New";
-    int fontSize = 10;  // points
+    int fontSize = 10;  // points; as stored, so any value
     int tabSize = 4;    // columns, at least 1
     bool useTabs = true;
     bool fold = false;
@@ -43,6 +50,7 @@ private:
     const CStyle &Row(int id) const;
     void ApplyMargins(const CSciWindow &window, int lineCount) const;
     void ApplyFont(const CSciWindow &window) const;
-    void ApplyRow(const CSciWindow &window, const CStyle &row) const;
+    void ApplyFontTo(const CSciWindow &window, int style) const;
+    static void ApplyRow(const CSciWindow &window, const CStyle &row);
     void ApplyPredefinedStyles(const CSciWindow &window) const;
 };

@@ -91,7 +91,7 @@ void CIDEView::resizeEvent(QResizeEvent *event) {
 
 void CIDEView::OnInitialUpdate() {
     CView::OnInitialUpdate();
-    Send(SCI_STYLECLEARALL);
+    CIDEApp::Get().editorProperties.ClearStyles(sci_);
     SetUpCaret(sci_);
     LoadFileIntoView();
     if (CIDEApp::Get().session.IsOpen()) Send(SCI_SETREADONLY, 1);
@@ -103,6 +103,7 @@ void CIDEView::OnInitialUpdate() {
 }
 
 void CIDEView::OnUpdate(CView *, intptr_t) {
+    CIDEApp::Get().editorProperties.ClearStyles(sci_);
     ApplySettings();
 }
 
