@@ -3,6 +3,7 @@ set(program_dir lib/thornwell-ide)
 install(TARGETS thornwell-ide DESTINATION ${program_dir})
 install(DIRECTORY "${THORNWELL_PROGRAM_DIR}/" DESTINATION ${program_dir} USE_SOURCE_PERMISSIONS
     FILES_MATCHING PATTERN "*.dll" PATTERN "pspawn.exe" PATTERN "twmake.exe" PATTERN "asmtool.exe")
+install(DIRECTORY resources/boiler.plates DESTINATION ${program_dir})
 install(CODE "
     file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
     file(CREATE_LINK ../${program_dir}/thornwell-ide \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/thornwell-ide\" SYMBOLIC)")

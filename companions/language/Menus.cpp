@@ -229,6 +229,19 @@ constexpr LangMenuEntry kTab[] = {
     {0, ID_TABS_TOGGLE_TWIN, "Hide &Document Tabs"},
 };
 
+constexpr LangMenuEntry kView[] = {
+    {0, ID_EDIT_UNDO, "&Undo"},
+    {0, ID_EDIT_REDO, "&Redo"},
+    Line(0),
+    {0, ID_EDIT_CUT, "Cu&t"},
+    {0, ID_EDIT_COPY, "&Copy"},
+    {0, ID_EDIT_PASTE, "&Paste"},
+    {0, ID_EDIT_SELECT_ALL, "Select &All"},
+    Line(0),
+    {0, ID_BOOKMARK_TOGGLE, "Toggle Book&mark"},
+    {0, ID_BREAKPOINT_TOGGLE, "Toggle &Breakpoint"},
+};
+
 constexpr LangMenuEntry kBuildArrow[] = {
     // The active project
     {0, ID_BUILD, "&Build"},
@@ -239,6 +252,27 @@ constexpr LangMenuEntry kBuildArrow[] = {
     {0, ID_BUILD_ALL, "B&uild All"},
     {0, ID_REBUILD_ALL, "Rebuild &All"},
     {0, ID_CLEAN_ALL, "C&lean All"},
+};
+
+constexpr LangMenuEntry kBars[] = {
+    {0, ID_VIEW_WORKSPACE_BAR, "&Workspace"},
+    {0, ID_VIEW_OUTPUT_BAR, "&Output"},
+    {0, ID_VIEW_LISTING_BAR, "&Listing"},
+    Line(0),
+    {0, ID_VIEW_REGISTER_BAR, "Re&gisters"},
+    {0, ID_VIEW_WATCH_BAR, "W&atch"},
+    {0, ID_VIEW_RAM_BAR, "RA&M"},
+    {0, ID_VIEW_EEPROM_BAR, "EEP&ROM"},
+    {0, ID_VIEW_STACK_BAR, "&Call Stack"},
+    {0, ID_VIEW_PROFILE_BAR, "&Profile"},
+    Line(0),
+    {0, ID_VIEW_TOOLBAR, "Ma&in Tool Bar"},
+    {0, ID_VIEW_EDIT_TOOL_BAR, "&Edit Tool Bar"},
+    {0, ID_VIEW_BUILD_TOOL_BAR, "&Build Tool Bar"},
+    {0, ID_VIEW_DEBUG_TOOL_BAR, "&Debug Tool Bar"},
+    {0, ID_VIEW_STATUS_BAR, "&Status Bar"},
+    Line(0),
+    {0, ID_RESET_BARS, "Rese&t Bar Layout"},
 };
 
 struct MenuRow {
@@ -254,6 +288,8 @@ constexpr MenuRow kMenus[] = {
     {IDR_WORKSPACE_MENU_ROOT, kTreeRoot},
     {IDR_TAB_MENU, kTab},
     {IDR_BUILD_MENU, kBuildArrow},
+    {IDR_VIEW_MENU, kView},
+    {IDR_BAR_MENU, kBars},
 };
 
 constexpr auto kById = SortedById(kMenus);

@@ -90,6 +90,16 @@ enum StringId : int {
     IDS_FILE_DELETED = 506,               // %s; notice
     IDS_UNTITLED = 507,                   // title of a new document, a number follows
     IDS_DEBUG_READ_ONLY = 508,            // typing during a debug run; build list
+    IDS_FILE_CUT = 509,                   // %s: shown up to a zero byte; build list
+    IDS_CUT_NOT_SAVED = 510,              // %s; error
+    IDS_FILE_IS_FOLDER = 511,             // %s; build list
+    IDS_FILE_IS_SPECIAL = 512,            // %s a pipe, device or socket; build list
+    IDS_FILE_FORBIDDEN = 513,             // %s; build list
+    IDS_FILE_TOO_LARGE = 514,             // %s, %s its size in MB; build list
+    IDS_FILE_LARGE_QUESTION = 515,        // %s, %s its size in MB; question
+    IDS_FILE_SHOWN_PLAIN = 516,           // %s: too large for colours; build list
+    IDS_FILE_LONG_LINES = 517,            // %s: its lines are too long for colours; build list
+    IDS_MENU_COUNTERPART = 518,           // %s the file's name; menu entry
 
     // Debug run; all in the build list
     IDS_DEBUG_START = 850,                // %s the project
@@ -144,6 +154,19 @@ enum StringId : int {
     IDS_BAR_LISTING = 655,
     IDS_BAR_PROFILE = 656,
     IDS_DEBUG_BAR_EMPTY = 657,            // in the bars of a debug run while there is none
+    IDS_PLUGIN_BAR_EMPTY = 658,           // %d the slot, from 0; title
+    IDS_DIALOG_WINDOWS = 659,
+    IDS_LABEL_WINDOWS = 660,
+    IDS_WINDOWS_ACTIVATE = 661,
+    IDS_WINDOWS_SAVE = 662,
+    IDS_WINDOWS_CLOSE = 663,
+    IDS_WINDOWS_NAME = 664,               // columns of the list
+    IDS_WINDOWS_FOLDER = 665,
+
+    // Listing bar
+    IDS_TAB_LISTING = 830,
+    IDS_NO_LISTING = 831,                 // text of the listing view while there is no listing
+    IDS_NOT_IN_LISTING = 832,             // %s an address; build list
 
     // Menu texts that the frame looks for
     IDS_MENU_TOOLS = 700,
@@ -153,11 +176,37 @@ enum StringId : int {
     IDS_MENU_MACRO = 704,
     IDS_MENU_PLUGINS = 705,
     IDS_PLUGIN_MENU_EMPTY = 706,          // entry while there is no plug-in
+    IDS_MENU_ALL_WINDOWS = 707,           // behind the first windows of the list
+
+    // Find and replace
+    IDS_DIALOG_FIND = 750,
+    IDS_DIALOG_REPLACE = 751,
+    IDS_LABEL_FIND_TEXT = 752,
+    IDS_LABEL_REPLACEMENT = 753,
+    IDS_FIND_OPTIONS = 754,
+    IDS_FIND_MATCH_CASE = 755,
+    IDS_FIND_WHOLE_WORD = 756,
+    IDS_FIND_WORD_START = 757,
+    IDS_FIND_REG_EXPR = 758,
+    IDS_FIND_DIRECTION = 759,
+    IDS_FIND_UP = 760,
+    IDS_FIND_DOWN = 761,
+    IDS_FIND_NEXT = 762,                  // buttons
+    IDS_REPLACE_ONE = 763,
+    IDS_REPLACE_ALL = 764,
+    IDS_FIND_CLOSE = 765,
+    IDS_WHOLE_WORD_TIP = 766,             // tool tips
+    IDS_REG_EXPR_TIP = 767,
+    IDS_TEXT_NOT_FOUND = 768,             // %s the text
+    IDS_BAD_EXPRESSION = 769,             // %s the text
+    IDS_REPLACED_COUNT = 770,             // %s the number
+    IDS_REPLACE_READ_ONLY = 771,
+    IDS_SEARCH_READY = 772,               // takes away what was told of the replacement before
 
     // Clock rate, about box, tip of the day
     IDS_DIALOG_CLOCK_RATE = 810,
     IDS_LABEL_CLOCK_RATE = 811,
-    IDS_CLOCK_RATE_LIMITS = 812,          // %s the lowest, %s the highest rate
+    IDS_CLOCK_RATE_LIMIT = 812,           // %s the highest rate
     IDS_ABOUT_CREDITS = 813,              // %s the toolkit's version
     IDS_DIALOG_TIP = 900,
     IDS_TIP_HEADING = 901,
@@ -215,4 +264,6 @@ enum ResourceId : int {
     IDR_WORKSPACE_MENU_ROOT = 154,
     IDR_TAB_MENU = 155,
     IDR_BUILD_MENU = 156,      // of the build button's arrow
+    IDR_VIEW_MENU = 157,       // of source text
+    IDR_BAR_MENU = 157,        // of a right click beside the bars
 };

@@ -14,12 +14,13 @@ CMarker *CMarkerList::Find(const std::string &file, int line) {
     return nullptr;
 }
 
-CMarker *CMarkerList::Add(const std::string &file, int line, bool secondState) {
+CMarker *CMarkerList::Add(const std::string &file, int line, bool secondState, int id) {
     if (Find(file, line)) return nullptr;
     CMarker marker;
     marker.path.Set(file);
     marker.line = line;
     marker.secondState = secondState;
+    marker.id = id;
     return &markers_.emplace_back(std::move(marker));
 }
 

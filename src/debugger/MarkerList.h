@@ -15,6 +15,7 @@ struct CMarker {
     int line = -1;            // from 0
     intptr_t handle = 0;      // of the component's marker in the last view; 0 while the file is not on show
     bool secondState = false; // shows with the list's second marker
+    int id = 0;               // of the engine's breakpoint; 0 before it was armed
 };
 
 // Keeps the marks of files whether they are open or not. The component of an open view moves its markers with the text;
@@ -25,7 +26,7 @@ public:
     CMarkerList(std::string name, int number) : name_(std::move(name)), number_(number) {}
 
     // Null, with no change, when that line of that file is in the list.
-    CMarker *Add(const std::string &file, int line, bool secondState);
+    CMarker *Add(const std::string &file, int line, bool secondState, int id = 0);
     bool Remove(const std::string &file, int line = -1);  // -1: all of the file; true when one went
     CMarker *Find(const std::string &file, int line);
     void Clear() { markers_.clear(); }

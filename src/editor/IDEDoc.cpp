@@ -1,5 +1,6 @@
 #include "editor/IDEDoc.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 
@@ -27,9 +28,14 @@ std::string StarredTitle(std::string title, bool modified) {
     return modified ? title + std::string(kStar) : title.substr(0, title.size() - kStar.size());
 }
 
-bool CanBeRead(const std::string &path) {
+// The text that tells why a file can't be opened; 0 when it can.
+int WhyUnreadable(const std::string &path) {
     std::error_code error;
-    return std::filesystem::is_regular_file(ToNativePath(path), error) && ReadLastWriteTime(path);
+    const std::filesystem::file_status status = std::filesystem::status(ToNativePath(path), error);
+    if (std::filesystem::is_directory(status)) return IDS_FILE_IS_FOLDER;
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) return IDS_FILE_IS_SPECIAL;
+    if (ReadLastWriteTime(path)) return 0;
+    return errno == EACCES ? IDS_FILE_FORBIDDEN : IDS_CANT_READ_FILE;
 }
 
 void RefreshTabs() {
@@ -57,6 +63,7 @@ CIDEView *CIDEDoc::GetFirstCodeView() const {
 
 void CIDEDoc::SetPathName(const std::string &path, bool addToRecent) {
     CTrackingDoc::SetPathName(path, false);
+    for (CIDEView *view : GetCodeViews()) view->OnPathNamed();
     SetTitle(StarredTitle(DisplayPath(path), IsModified()));
     RefreshTabs();
     if (addToRecent) CIDEApp::Get().AddToRecentFileList(path);
@@ -82,8 +89,8 @@ bool CIDEDoc::OnNewDocument() {
 }
 
 bool CIDEDoc::OnOpenDocument(const std::string &path) {
-    if (!CanBeRead(path)) {
-        CIDEApp::Get().AddOutputLine(LoadText(IDS_CANT_READ_FILE, {DisplayPath(path)}));
+    if (const int reason = WhyUnreadable(path)) {
+        CIDEApp::Get().AddOutputLine(LoadText(reason, {DisplayPath(path)}));
         return false;
     }
     if (!CTrackingDoc::OnOpenDocument(path)) return false;
@@ -98,17 +105,18 @@ bool CIDEDoc::OnSaveDocument(const std::string &path) {
 
     CIDEView *view = GetFirstCodeView();
     if (view) view->ConvertLineEnds();
-    const bool saved = view && ReplaceWholeFile(path, GetText());
+    const bool wouldLose = view && view->IsCut() && NamesOneFile(path, GetPathName());
+    const bool saved = view && !wouldLose && ReplaceWholeFile(path, GetText());
 
     CIDEApp &app = CIDEApp::Get();
     app.symbols.UpdateDocumentFunctions(path, *this);
-    if (saved) app.symbols.UpdateBrowseInfo();
+    app.symbols.UpdateBrowseInfo();
     Tracker().TrackFile(TrackedName(path), true);
     if (saved) {
         SetModifiedMark(false);
         view->Send(SCI_SETSAVEPOINT);
     } else if (CMainFrame *frame = app.GetMainFrame()) {
-        frame->ShowError(LoadText(IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
+        frame->ShowError(LoadText(wouldLose ? IDS_CUT_NOT_SAVED : IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
     }
     return saved;
 }

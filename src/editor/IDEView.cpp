@@ -1,5 +1,6 @@
 #include "editor/IDEView.h"
 
+#include <QPointer>
 #include <QResizeEvent>
 #include <optional>
 
@@ -91,15 +92,15 @@ void CIDEView::resizeEvent(QResizeEvent *event) {
 
 void CIDEView::OnInitialUpdate() {
     CView::OnInitialUpdate();
-    CIDEApp::Get().editorProperties.ClearStyles(sci_);
     SetUpCaret(sci_);
     LoadFileIntoView();
     if (CIDEApp::Get().session.IsOpen()) Send(SCI_SETREADONLY, 1);
     SetUpFolding(sci_);
-    ApplySettings();
+    Send(SCI_SETMARGINWIDTHN, 2, CIDEApp::Get().editorProperties.FoldsIn(sci_) ? kFoldMarginWidth : 0);
     GetIDEDoc()->SetModifiedMark(false);
     Send(SCI_EMPTYUNDOBUFFER);
     Send(SCI_SETSAVEPOINT);
+    shown_ = true;
 }
 
 void CIDEView::OnUpdate(CView *, intptr_t) {
@@ -124,44 +125,55 @@ void CIDEView::LoadFileIntoView() {
     if (!path.empty()) {
         const intptr_t topLine = Send(SCI_GETFIRSTVISIBLELINE);
         ApplyLexer(FileKindOf(path));
-        FillFromFile(path);
+        const bool filled = FillFromFile(path);
         Send(SCI_LINESCROLL, 0, topLine - Send(SCI_GETFIRSTVISIBLELINE));
+        if (!filled) return;
     }
     GetIDEDoc()->SetModifiedMark(false);
     Send(SCI_SETSAVEPOINT);
 }
 
-void CIDEView::FillFromFile(const std::string &path) {
+bool CIDEView::FillFromFile(const std::string &path) {
     if (GetFileAttributesA(path) == kInvalidFileAttributes) {
+        ReleaseFile();
+        cut_ = false;
         Send(SCI_SETREADONLY, 0);
         ShowText({});
         TellAboutFile(IDS_FILE_MISSING, path);
-        return;
+        return true;
     }
     const std::optional<std::string> bytes = ReadWholeFile(path);
     if (!bytes) {
+        // What is on show is not the file's text: it must not pass for saved, and nothing must not replace the file.
         TellAboutFile(IDS_CANT_READ_FILE, path);
-        return;
+        if (holdsFile_)
+            GetIDEDoc()->SetModifiedMark(true);
+        else
+            Send(SCI_SETREADONLY, 1);
+        return false;
     }
     if (holdsFile_) TakeOverMarks();
     ShowText(*bytes);
     PlaceFunctionMarks();
     // What lies behind a zero byte isn't on show and would be lost by saving.
-    const bool cut = bytes->find('\0') != std::string::npos;
-    const bool readOnly = cut || IsReadOnlyOnDisk(path);
-    Send(SCI_SETREADONLY, readOnly || CIDEApp::Get().session.IsOpen());
+    cut_ = bytes->find('\0') != std::string::npos;
+    const bool readOnly = IsReadOnlyOnDisk(path);
+    Send(SCI_SETREADONLY, cut_ || readOnly || CIDEApp::Get().session.IsOpen());
     if (readOnly) TellAboutFile(IDS_FILE_READ_ONLY, path);
+    if (cut_) TellAboutFile(IDS_FILE_CUT, path);
     PlaceMarks();
     holdsFile_ = true;
+    return true;
 }
 
 void CIDEView::ShowText(const std::string &bytes) {
     // Markers would gather on the first line when their lines go.
-    for (const int marker : {kMarkerBookmark, kMarkerBreakpoint, kMarkerBreakpointSecond, kMarkerFunction})
+    for (const int marker : {kMarkerBookmark, kMarkerBreakpoint, kMarkerBreakpointSecond})
         Send(SCI_MARKERDELETEALL, static_cast<uintptr_t>(marker));
     const CWritable writable(*this);
     SendText(SCI_SETTEXT, 0, bytes.c_str());
     ApplySettings();
+    Send(SCI_MARKERDELETEALL, kMarkerFunction);
 }
 
 void CIDEView::PlaceFunctionMarks() {
@@ -181,7 +193,19 @@ void CIDEView::TakeOverMarks() {
     CIDEApp::Get().breakpoints.TakeFromView(*this);
 }
 
+void CIDEView::ReleaseFile() {
+    if (holdsFile_ && GetDocument()) TakeOverMarks();
+    holdsFile_ = false;
+}
+
+void CIDEView::OnPathNamed() {
+    if (!shown_) return;
+    holdsFile_ = true;
+    TakeOverMarks();
+}
+
 void CIDEView::ConvertLineEnds() {
+    const CModifiedQuiet quiet(*this);  // no mark moves by it, and there can be as many changes as lines
     const CWritable writable(*this);
     Send(SCI_CONVERTEOLS, SC_EOL_CRLF);
 }
@@ -255,6 +279,9 @@ void CIDEView::OnNotify(const SciLexerNotification &notification) {
                 FoldClick(sci_, Send(SCI_LINEFROMPOSITION, static_cast<uintptr_t>(notification.position)),
                           notification.modifiers);
             break;
+        case SCN_DWELLSTART:
+            ShowValueTip(notification);
+            break;
         case SCN_DWELLEND:
             Send(SCI_CALLTIPCANCEL);
             break;
@@ -267,6 +294,8 @@ void CIDEView::OnModifyAttempt() {
         CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_READ_ONLY));
     } else if (IsReadOnlyOnDisk(path)) {
         TellAboutFile(IDS_FILE_READ_ONLY, path);
+    } else if (cut_) {
+        TellAboutFile(IDS_FILE_CUT, path);
     }
 }
 
@@ -307,7 +336,9 @@ void CIDEView::OnFileChanged() {
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     if (!document || !frame) return;
     const std::string path = document->GetPathName();
+    const QPointer<QWidget> self(this);  // the document can be closed while the question stands
     if (frame->AskUser(LoadText(IDS_FILE_CHANGED, {DisplayPath(path)}), BoxButtons::yesNo) != IDYES) return;
+    if (!self) return;
     document->ReloadFromDisk();
     CIDEApp::Get().fileTracker.TrackFile(path, true);
     Send(SCI_EMPTYUNDOBUFFER);
@@ -317,6 +348,7 @@ void CIDEView::OnFileDeleted() {
     CIDEDoc *document = GetIDEDoc();
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     if (!document || !frame) return;
+    const QPointer<QWidget> self(this);
     frame->ShowNotice(LoadText(IDS_FILE_DELETED, {DisplayPath(document->GetPathName())}));
-    document->SetModifiedMark(true);
+    if (self) document->SetModifiedMark(true);
 }

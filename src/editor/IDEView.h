@@ -1,6 +1,7 @@
 // The view of one source document: a frame round one window of the editing component.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "editor/FileKind.h"
@@ -26,10 +27,17 @@ public:
 
     void OnInitialUpdate() override;
     void OnUpdate(CView *sender, intptr_t hint) override;  // applies the settings afresh
+    bool OnCmdMsg(int id, CCmdUI *ui) override;            // what means the listing goes there
 
     void ApplyLexer(FileKind kind);
     void ApplySettings();     // the user's editor settings
     void LoadFileIntoView();  // replaces the text by the file's; a missing file gives an empty text
+
+    // Runs `edit`, which says whether it changed the text, without a notification for each step: many steps would take too
+    // long. What follows changes is brought up to date once, behind it.
+    void EditQuietly(const std::function<bool()> &edit);
+
+    intptr_t findPos = -1;  // where the last search hit, or where the next begins; see ViewSearch.h
 
     void ConvertLineEnds();  // all to CR LF, in a read-only view too
 
@@ -38,6 +46,14 @@ public:
     void GotoFunction(size_t index);  // into the document's functions; nothing for an index beyond them
     intptr_t CaretLine() const;
     bool IsReadOnly() const { return Send(SCI_GETREADONLY) != 0; }
+    bool IsCut() const { return cut_; }  // the file goes on behind what is shown
+
+    // Toggles, places or removes (a BreakpointChange) the breakpoint of one line, with the mark that shows it. `engineId`:
+    // of a breakpoint that the engine has already, -1 for none. Nothing for line -1.
+    virtual void OnDebugToggleBreakpoint(intptr_t line, int change, int engineId = -1);
+
+    void OnPathNamed();      // the document was saved under a first or other name: the marks are that file's
+    void RefreshValueTip();  // at a stop of the target: shows the value under the pointer anew
 
 protected:
     virtual void OnNotify(const SciLexerNotification &notification);
@@ -46,11 +62,21 @@ protected:
     virtual void OnFileChanged();
     virtual void OnFileDeleted();
 
+    virtual void ToggleBookmark();
+
+    // Whether the text was loaded from the document's file, so that the marks on it are that file's.
+    bool HoldsFile() const { return holdsFile_; }
+    void ReleaseFile();  // before the text or the document's path becomes another: the lists take the marks over
+
     void resizeEvent(QResizeEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void MapCommands();
-    void FillFromFile(const std::string &path);
+    void MapSearchCommands();
+    void FindText();
+    void ReplaceText();
+    bool FillFromFile(const std::string &path);
     void ShowText(const std::string &bytes);
     void PlaceMarks();
     void PlaceFunctionMarks();
@@ -61,7 +87,10 @@ private:
     void HighlightBraces();
     void OnModified(const SciLexerNotification &notification);
 
-    void ToggleBookmark();
+    void ShowValueTip(const SciLexerNotification &notification);
+    void MoveCaretForMenu(const QPoint &at);
+
+    void ToggleBreakpoint();
     void GotoBookmark(bool next);
     void GotoLine();
     void MatchBrace();
@@ -69,7 +98,9 @@ private:
     void OpenCounterpart();
 
     CSciWindow sci_;
-    bool holdsFile_ = false;  // the text was loaded from the document's file, and the marks on it are that file's
+    bool holdsFile_ = false;
+    bool shown_ = false;  // OnInitialUpdate is over
+    bool cut_ = false;
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };

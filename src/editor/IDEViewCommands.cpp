@@ -6,6 +6,7 @@
 #include "editor/GotoLineDlg.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/ListingRedirect.h"
 #include "editor/ViewSetup.h"
 
 namespace {
@@ -16,29 +17,45 @@ constexpr int kFirstFunctionCommand = 36000, kLastFunctionCommand = 36999;
 
 void CIDEView::MapCommands() {
     const auto send = [this](unsigned message) { return [this, message] { Send(message); }; };
+    const auto quietly = [this](unsigned message) {
+        return [this, message] {
+            EditQuietly([&] {
+                Send(message);
+                return true;
+            });
+        };
+    };
     const auto enabledBy = [this](unsigned question) {
         return [this, question](CCmdUI &ui) { ui.Enable(Send(question) != 0); };
     };
     const auto enabledBySelection = [this](CCmdUI &ui) {
         ui.Enable(Send(SCI_GETSELECTIONSTART) != Send(SCI_GETSELECTIONEND));
     };
-    OnCommand(ID_EDIT_UNDO, send(SCI_UNDO), enabledBy(SCI_CANUNDO));
-    OnCommand(ID_EDIT_REDO, send(SCI_REDO), enabledBy(SCI_CANREDO));
+    OnCommand(ID_EDIT_UNDO, quietly(SCI_UNDO), enabledBy(SCI_CANUNDO));
+    OnCommand(ID_EDIT_REDO, quietly(SCI_REDO), enabledBy(SCI_CANREDO));
     OnCommand(ID_EDIT_CUT, send(SCI_CUT), enabledBySelection);
     OnCommand(ID_EDIT_COPY, send(SCI_COPY), enabledBySelection);
     OnCommand(ID_EDIT_PASTE, send(SCI_PASTE),
               [this](CCmdUI &ui) { ui.Enable(!IsReadOnly() && Send(SCI_CANPASTE) != 0); });
     OnCommand(ID_EDIT_SELECT_ALL, send(SCI_SELECTALL));
+    MapSearchCommands();
     OnCommand(ID_GOTO_LINE, [this] { GotoLine(); });
     OnCommand(ID_MATCH_BRACE, [this] { MatchBrace(); });
     OnCommand(ID_BOOKMARK_TOGGLE, [this] { ToggleBookmark(); });
     OnCommand(ID_BOOKMARK_NEXT, [this] { GotoBookmark(true); });
     OnCommand(ID_BOOKMARK_PREVIOUS, [this] { GotoBookmark(false); });
     OnCommand(ID_BOOKMARK_CLEAR, [this] { Send(SCI_MARKERDELETEALL, kMarkerBookmark); });
+    OnCommand(
+        ID_BREAKPOINT_TOGGLE, [this] { ToggleBreakpoint(); },
+        [this](CCmdUI &ui) { ui.Enable(!GetDocument()->GetPathName().empty()); });
     OnCommand(ID_LAST_EDIT, [this] { GotoLastEdit(); });
     OnCommand(ID_OPEN_COUNTERPART, [this] { OpenCounterpart(); });
     OnCommandRange(kFirstFunctionCommand, kLastFunctionCommand,
                    [this](int id) { GotoFunction(static_cast<size_t>(id - kFirstFunctionCommand)); });
+}
+
+bool CIDEView::OnCmdMsg(int id, CCmdUI *ui) {
+    return RedirectToListing(id, ui) || CView::OnCmdMsg(id, ui);
 }
 
 void CIDEView::GotoLine() {
