@@ -8,6 +8,7 @@
 namespace language {
 
 const char *FindText(int id);
+const char *FindTip(int index);  // from 0
 const char *FindCommandIcon(int command);
 std::span<const LangMenuEntry> FindMenu(int id);
 std::span<const LangToolButton> FindToolBar(int id);

@@ -4,7 +4,6 @@
 #include <QIcon>
 #include <algorithm>
 
-#include "app/AboutDlg.h"
 #include "app/CommandIds.h"
 #include "app/CommandLine.h"
 #include "app/DocTemplateEx.h"
@@ -13,6 +12,7 @@
 #include "app/ProjectDirScope.h"
 #include "app/Settings.h"
 #include "app/StringIds.h"
+#include "app/TipsOfTheDay.h"
 #include "build/OutputBar.h"
 #include "editor/ChildFrame.h"
 #include "editor/EditorSettingsCommand.h"
@@ -101,6 +101,7 @@ bool CIDEApp::InitInstance() {
     DiscoverToolsuites();
     TakeCommandLine();
     frame_->BeginStartup(std::move(startupFiles_));
+    if (showSplash && CTipsOfTheDay::AreWantedAtStart()) ShowTipOfTheDay();
     return true;
 }
 
@@ -158,7 +159,7 @@ void CIDEApp::MapCommands() {
         ID_FILE_SAVE_ALL, [this] { SaveAllDocuments(false); },
         [this](CCmdUI &ui) { ui.Enable(std::ranges::any_of(GetDocuments(), &CDocument::IsModified)); });
     OnCommand(ID_EDITOR_SETTINGS, [] { RunEditorSettings(); });
-    OnCommand(ID_APP_ABOUT, [this] { CAboutDlg(frame_.get()).exec(); });
+    MapHelpCommands();
 }
 
 bool CIDEApp::OnCmdMsg(int id, CCmdUI *ui) {

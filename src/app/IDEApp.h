@@ -75,6 +75,8 @@ public:
     void OpenRecentWorkspace(size_t index);
 
     static CIDEApp &Get();
+    bool IsTipShown() const { return tipShown_; }  // the start-up ticks wait for its end
+
 
     CSciLexer lexer;
     CEditorProperties editorProperties;
@@ -95,6 +97,8 @@ public:
     int childDisplayMode = 0;
 
 private:
+    int32_t childMaximised = 0;  // whether a new source window opens maximised: as the last one was; not stored
+    bool showSplash = true;  // a start shows what greets the user; set before InitInstance
     bool LoadLibraries();
     void AddTemplates();
     void TakeCommandLine();
@@ -102,7 +106,10 @@ private:
     void MapCommands();
 
     std::string commandLine_;
+    void MapHelpCommands();
+    void ShowTipOfTheDay();
     std::vector<std::string> startupFiles_;  // source files that the command line names
     std::unique_ptr<CMainFrame> frame_;
     std::mutex outputMutex_;
 };
+    bool tipShown_ = false;

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "app/ClockRate.h"
+#include "app/ClockRateDlg.h"
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -30,7 +32,6 @@
 
 namespace {
 
-constexpr int kDefaultClockRate = 4000000;  // Hz
 constexpr int kTargetChosen = 1;
 
 void EnableWithProject(CCmdUI &ui) {
@@ -53,13 +54,6 @@ std::string ListedName(const std::string &project, const std::string &path) {
 
 }  // namespace
 
-std::string ClockRateText(long rate) {
-    constexpr long kMegahertz = 1000000;
-    const std::string whole = std::to_string(rate / kMegahertz);
-    if (rate % kMegahertz == 0) return whole + " MHz";
-    return whole + "." + std::to_string(rate % kMegahertz / 10000) + " MHz";
-}
-
 CProjectCommands::CProjectCommands() {
     OnCommand(
         ID_PROJECT_ADD_FILES, [this] { AddFiles({}); }, EnableWithProject);
@@ -81,6 +75,8 @@ CProjectCommands::CProjectCommands() {
     OnCommand(
         ID_PROJECT_COMPILER, [this] { CompilerDialog(); }, EnableWithoutSession);
     OnCommand(
+    OnCommand(
+        ID_CLOCK_RATE, [this] { ClockRateDialog(); }, EnableWithProject);
         ID_BUILD_OPTIONS, [this] { BuildOptions(); }, EnableWithProject);
 }
 
@@ -209,6 +205,15 @@ void CProjectCommands::TargetDialog() {
 
 void CProjectCommands::ProjectOptions() {
     CWorkspace &workspace = WorkspaceOrNone();
+void CProjectCommands::ClockRateDialog() {
+    const int stored = GetProjectInt("Settings", "ClockRate", kDefaultClockRate);
+    CClockRateDlg dialog(&Frame(), stored >= 0 && stored <= kHighestClockRate ? stored : kDefaultClockRate);
+    if (dialog.exec() != QDialog::Accepted || dialog.Rate() == stored) return;
+    SetProjectString("Settings", "ClockRate", std::to_string(dialog.Rate()));
+    const bool debugging = CIDEApp::Get().session.IsOpen();
+    Frame().SetStatusText(debugging ? kPaneClock + 1 : kPaneClock, ClockRateText(dialog.Rate()));
+}
+
     const std::string present = workspace.GetTarget();
     const auto browser = std::make_unique<CBrowserPage>();
     const auto debugger = std::make_unique<CDebuggerPage>();

@@ -28,11 +28,9 @@ private:
     void ProjectOptions();
     void TargetDialog();
     void CompilerDialog();
+    void ClockRateDialog();
     void BuildOptions();
     void RecolourViews();
     void FollowTargetChange();
     std::string ActiveDocumentFile() const;  // empty unless the active project has it
 };
-
-// "4 MHz" of a rate in Hz.
-std::string ClockRateText(long rate);

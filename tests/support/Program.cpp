@@ -31,6 +31,7 @@ CProgram::CProgram(const CScratch &home, std::vector<std::string> arguments) {
     setenv("XDG_CONFIG_HOME", home.Native("config").c_str(), 1);
     arguments.insert(arguments.begin(), "thornwell-ide");
     app_ = std::make_unique<CIDEApp>(ComposeCommandLine(arguments));
+    app_->showSplash = false;
     watch_ = std::make_unique<QTimer>();
     QObject::connect(watch_.get(), &QTimer::timeout, watch_.get(), [this] { LookForModal(); });
     watch_->start(10);

@@ -1,7 +1,6 @@
 // Drives the real program through its main jobs and leaves numbered pictures and a log: thornwell-tour DIR.
 // Every stop checks what the picture is to show; the first thing that is not so ends the tour with code 1.
 #include <QApplication>
-#include <QPalette>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -10,6 +9,7 @@
 #include "build/OutputBar.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "framework/DesktopTheme.h"
 #include "support/Program.h"
 
 namespace {
@@ -57,14 +57,6 @@ private:
 
 bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
 
-QPalette DarkPalette() {
-    QPalette palette(QColor(0x2b, 0x2d, 0x30), QColor(0x2b, 0x2d, 0x30));
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
-    palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2b));
-    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xca));
-    return palette;
-}
-
 void StartWithNothing(CTour &tour) {
     CScratch scratch;
     CProgram program(scratch);
@@ -92,11 +84,10 @@ void WorkOnTwoProjects(CTour &tour) {
     tour.Picture(program, "workspace-built");
 
     tour.Say("Work on a dark desktop");
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(DarkPalette());
+    SetDesktopDark(true);
     program.App().FindOrOpenDocument(scratch.Windows("greeting/serial.asm"), true);
     tour.Picture(program, "dark");
-    QApplication::setPalette(light);
+    SetDesktopDark(false);
 
     tour.Say("Look at the dialogs");
     tour.Dialog(program, ID_PROJECT_OPTIONS, "options");
