@@ -4,7 +4,7 @@
 # Everything else goes to the standard error.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
-"$here/tools/setup.sh" >&2
+"$here/tools/setup.sh" bench-packages.txt >&2
 (cd "$here" && tools/build.sh release) >&2
 export QT_QPA_PLATFORM=offscreen
 export LC_ALL=C.UTF-8

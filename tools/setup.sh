@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of tools/packages.txt that are missing. Does nothing, quickly, when all are there.
+# Installs the Debian packages of tools/packages.txt that are missing, and those of the further lists in tools/ that are
+# named: tools/setup.sh [list...]. Does nothing, quickly, when all are there.
 set -euo pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")"
 
-packages=$(sed -e 's/#.*//' -e '/^\s*$/d' tools/packages.txt | awk '{print $1}')
+packages=$(sed -e 's/#.*//' -e '/^\s*$/d' packages.txt "$@" | awk '{print $1}')
 
 if ! command -v dpkg-query >/dev/null; then
     echo "This is no Debian system: install what corresponds to these packages yourself:" >&2

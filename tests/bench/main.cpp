@@ -20,6 +20,10 @@ int main(int argc, char **argv) {
         {"open-project", BenchOpenProject},
         {"flood", BenchFlood},
         {"no-change-build", BenchNoChangeBuild},
+#ifdef THORNWELL_BENCH_PEER
+        {"peer-start-up", BenchPeerStartUp},
+        {"peer-big-source", BenchPeerBigSource},
+#endif
     };
     int run = 0;
     for (const auto &benchmark : benchmarks) {
