@@ -1,6 +1,7 @@
 // The one top-level window: bars, configuration box, status panes, title, menus that change, start-up ticks, closing.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -8,7 +9,11 @@
 #include "framework/MDIFrameWnd.h"
 #include "framework/StatusBar.h"
 #include "framework/ToolBar.h"
+#include "plugins/PluginBar.h"
+#include "plugins/PluginDiscovery.h"
 
+class CDebugBar;
+class CDockBar;
 class COutputBar;
 class CWorkspaceBar;
 class CListBar;
@@ -21,8 +26,19 @@ enum FrameMessage : unsigned {
     kMsgPluginsFound = 0x428,
 };
 
-// Panes of the status bar.
-enum StatusPane { kPaneHelp = 0, kPaneWorkspace = 1, kPaneTarget = 2, kPanePosition = 3, kPaneCompiler = 4, kPaneClock = 5 };
+enum FrameTimer { kTimerStartup = 2001, kTimerTracker = 2004 };
+
+// Panes of the status bar. In the debug layout the target's time stands in front of pane 2, and the panes from there on
+// have numbers greater by one.
+enum StatusPane {
+    kPaneHelp = 0,
+    kPaneWorkspace = 1,
+    kPaneTarget = 2,
+    kPanePosition = 3,
+    kPaneCompiler = 4,
+    kPaneClock = 5,
+    kPaneDebugTime = 2
+};
 
 class CMainFrame : public CMDIFrameWnd {
 public:
@@ -46,17 +62,30 @@ public:
     CXTToolBar &BuildToolBar() { return *buildToolBar_; }
     COutputBar &OutputBar() { return *outputBar_; }
     CWorkspaceBar &WorkspaceBar() { return *workspaceBar_; }
+    CListBar &ListBar() { return *listBar_; }
 
     void RefreshTitle() { UpdateTitle(); }
     bool IsClosing() const { return closing_; }
     void CancelClosing() { closing_ = false; }  // the user cancelled a save question
     bool HasOutput() const { return outputBar_ != nullptr; }
     bool IsStarted() const { return started_; }  // the start-up ticks are over
+    bool ArePluginsReady() const { return pluginsReady_; }  // the search for plug-ins has reported, the bars stand
+
+    // Keeps a line for the build list until the plug-ins are ready.
+    void AddWaitingText(std::string text) { waitingTexts_.push_back(std::move(text)); }
+
+    CPluginBar &PluginBar(int slot) { return *pluginBars_[static_cast<size_t>(slot)]; }
 
     // Replaces the six variables "%name%" ... "%config%" in `text` for `project` (empty: the active one).
     void ExpandMacros(const std::string &project, std::string &text) const;
 
+    bool OnCmdMsg(int id, CCmdUI *ui) override;
+
+    // The layout of the first run is saved once only, and stands in where another can't be loaded.
     void SaveBarState(const std::string &name) override;
+    bool LoadBarState(const std::string &name) override;
+    void EnterDebugLayout();  // at the start of a debug run
+    void LeaveDebugLayout();  // at its end; nothing without one
 
 protected:
     void OnTimer(int id) override;
@@ -65,42 +94,90 @@ protected:
     std::string ComposeTitle() const override;
     void OnTabMenu(CMDIChildWnd *child, const QPoint &at) override;
     void OnStatusHelp(const std::string &text) override;
+    int BarMenu() const override;
     void closeEvent(QCloseEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     static constexpr int kMaxToolSteps = 48;
+    static constexpr int kMaxUserMacros = 64;
 
-    bool CreateBars();
-    void MapCommands();
+    // Start
     void MapMessages();
     void FirstTick();
     void SecondTick();
-    void ReadTabSettings();
-    void ApplyTabSettings();
-    void FillToolsMenu();
-    QIcon StandardStepIcon(const std::string &name) const;
-    void FillRecentMenu(int text, int firstCommand);
-    static void RemoveCommands(QMenu *menu, int first, int last);
-    bool CloseFrame();
-    void RestoreWindow();
-    void SaveWindow();
-    void ActivateNeighbour(int step);
+    void OnPluginsFound();
+    bool WantsVersionCheck() const;
     std::string BoxTitle(int kind) const;
 
+    // Bars
+    bool CreateBars();
+    CXTToolBar *CreateToolBar(int id, int title, int resource);  // null when the language library has no such bar
+    void PlaceBars();                                            // as at the very first start
+    void ShowDebugBars();                                        // as at the very first debug run
+    void MapBarCommands();
+    void ResetBars();
+
+    // Commands
+    void MapCommands();
+    void MapTabCommands();
+    void MapWindowCommands();
+    void ReadTabSettings();
+    void WriteTabSettings();
+    void ApplyTabSettings();
+    void ActivateNeighbour(int step);
+    void ShowWindowsDialog();
+
+    // Menus that change
+    void RemoveManuals();
+    QMenu *FindChangingMenu(int text, int missing, int withoutMenu);  // null, with a line, when it isn't there
+    void FillMacroMenu();
+    void FillToolsMenu();
+    void FillPluginMenu();
+    void FillRecentMenu(int text, int firstCommand);
+    QIcon StandardStepIcon(const std::string &name) const;
+
+    // Other programs
+    void OnApplicationActivated(bool active);
+    bool AcceptsDrop(const QDropEvent &event) const;
+    void OpenDropped(const QMimeData &data);
+
+    // End
+    bool CloseFrame();  // false: the user cancelled
+    void Destroy();     // once
+    void RestoreWindow();
+    void SaveWindow();
+
+    // In the order of their making; owned by the window
     CXTToolBar *mainToolBar_ = nullptr;
+    CXTToolBar *macroToolBar_ = nullptr;  // shows during the recording of a macro only
     CXTToolBar *buildToolBar_ = nullptr;
     COutputBar *outputBar_ = nullptr;
     CWorkspaceBar *workspaceBar_ = nullptr;
     CXTStatusBar *statusBar_ = nullptr;
+    CDebugBar *registerBar_ = nullptr;
+    CDebugBar *watchBar_ = nullptr;
+    CDebugBar *ramBar_ = nullptr;
+    CDebugBar *eepromBar_ = nullptr;
+    CDebugBar *stackBar_ = nullptr;
+    CListBar *listBar_ = nullptr;
+    CDebugBar *profileBar_ = nullptr;
+    CXTToolBar *debugToolBar_ = nullptr;
+    CXTToolBar *editToolBar_ = nullptr;
     CXTFlatComboBox *configBox_ = nullptr;
+    std::array<CPluginBar *, CPluginBar::kSlots> pluginBars_{};
 
+    CPluginDiscovery discovery_;
+    std::vector<std::string> waitingTexts_;
     std::vector<std::string> startupFiles_;
     int startupTick_ = 0;
     bool started_ = false;
+    bool pluginsReady_ = false;
+    bool debugLayout_ = false;
     bool closing_ = false;
+    bool created_ = false, destroyed_ = false;
     bool tabsOn_ = true, tabsTop_ = true;
     CMDIChildWnd *tabMenuChild_ = nullptr;  // whose tab's menu is open
 };

@@ -5,6 +5,8 @@
 
 #include "framework/Wnd.h"
 
+class CMDIFrameWnd;
+
 class CDockBar : public QDockWidget, public CWnd {
 public:
     // `id`: the child window's number, which names the bar in saved layouts.
@@ -13,6 +15,16 @@ public:
     QWidget *Widget() override { return this; }
     int Id() const { return id_; }
 
+    bool IsShowing() const;  // shown, and the front one of its tab group
+    void ShowBar();          // to the front of its tab group, with the focus in its content
+    void FocusContent();     // where the focus was last in the bar, else the first place that takes it
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;  // Esc: back to the document
+    void hideEvent(QHideEvent *event) override;     // a bar that goes doesn't keep the focus
+
 private:
+    CMDIFrameWnd *Frame() const;  // null in a window of another kind
+
     int id_;
 };

@@ -15,16 +15,13 @@
 #include "framework/MDIChildWnd.h"
 #include "framework/MDITabs.h"
 #include "framework/Text.h"
-#include "framework/ToolBar.h"
 #include "framework/View.h"
 #include "framework/WinApp.h"
-#include "platform/UserStore.h"
 
 namespace {
 
 constexpr const char *kBaseText = "baseText";  // property of a menu entry: its own text, without keys
 constexpr int kIdleMilliseconds = 40;          // shortest time between two passes over the tool bars
-constexpr const char *kBarStateKey = "State";  // key of a layout in its section
 
 }  // namespace
 
@@ -46,8 +43,7 @@ CMDIFrameWnd::CMDIFrameWnd() {
 
     connect(client_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
         OnClientChanged();
-        CView *view = GetActiveView();
-        if (view && window) view->OnActivateView(true);
+        if (window) SetActiveView(GetActiveView());
     });
 
     // Tool bars show what can be done now whenever the program has come to rest.
@@ -78,22 +74,30 @@ bool CMDIFrameWnd::LoadFrame(int resource) {
 }
 
 void CMDIFrameWnd::FillMenu(QMenu *menu, int resource, CCmdTarget *target) {
-    std::vector<QMenu *> parents{menu};  // index: depth of an entry; null: the menu bar
+    std::vector<QMenu *> parents{menu};  // by the depth of an entry; null: the menu bar
     for (const LangMenuEntry &entry : CLanguage::Current().Menu(resource)) {
         parents.resize(static_cast<size_t>(entry.depth) + 1);
         QMenu *parent = parents.back();
         if (entry.command == 0 && entry.text) {
-            QMenu *sub = parent ? parent->addMenu(ToQString(entry.text)) : menuBar()->addMenu(ToQString(entry.text));
-            connect(sub, &QMenu::aboutToShow, this, [this, sub, target] { PrepareMenu(sub, target); });
-            connect(sub, &QMenu::aboutToHide, this, [this] { OnStatusHelp({}); });
-            connect(sub, &QMenu::hovered, this, [this](QAction *action) { ShowCommandHelp(action->data().toInt()); });
+            QMenu *sub = AddSubMenu(parent ? static_cast<QWidget *>(parent) : menuBar(), entry.text, target);
             parents.push_back(sub);
+        } else if (!parent) {
+            if (entry.command != 0) menuBar()->addAction(MakeCommandAction(entry.command, entry.text, menuBar(), target));
         } else if (entry.command == 0) {
             parent->addSeparator();
         } else {
             parent->addAction(MakeCommandAction(entry.command, entry.text, parent, target));
         }
     }
+}
+
+QMenu *CMDIFrameWnd::AddSubMenu(QWidget *parent, const std::string &text, CCmdTarget *target) {
+    auto *menu = new QMenu(ToQString(text), parent);
+    parent->addAction(menu->menuAction());
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, target] { PrepareMenu(menu, target); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { OnStatusHelp({}); });
+    connect(menu, &QMenu::hovered, this, [this](QAction *action) { ShowCommandHelp(action->data().toInt()); });
+    return menu;
 }
 
 QAction *CMDIFrameWnd::MakeCommandAction(int command, const std::string &text, QObject *owner, CCmdTarget *target) {
@@ -163,10 +167,23 @@ std::string CMDIFrameWnd::AcceleratorText(int command) const {
     return {};
 }
 
-QMenu *CMDIFrameWnd::FindTopMenu(const std::string &text) const {
+QAction *CMDIFrameWnd::FindTopEntry(const std::string &text) const {
     for (QAction *top : menuBar()->actions())
-        if (top->menu() && top->text() == ToQString(text)) return top->menu();
+        if (top->text() == ToQString(text)) return top;
     return nullptr;
+}
+
+QMenu *CMDIFrameWnd::FindTopMenu(const std::string &text) const {
+    const QAction *top = FindTopEntry(text);
+    return top ? top->menu() : nullptr;
+}
+
+void CMDIFrameWnd::RemoveCommands(QMenu *menu, int first, int last) {
+    for (QAction *action : menu->actions()) {
+        if (!action->data().isValid() || action->data().toInt() < first || action->data().toInt() > last) continue;
+        menu->removeAction(action);
+        action->deleteLater();
+    }
 }
 
 QMenu *CMDIFrameWnd::MakeMenu(int resource, CCmdTarget *target) {
@@ -187,12 +204,6 @@ void CMDIFrameWnd::ShowCommandHelp(int command) {
     OnStatusHelp(help.substr(0, help.find('\n')));
 }
 
-void CMDIFrameWnd::UpdateCommandUI() {
-    updatedByIdle_.start();
-    for (CXTToolBar *bar : findChildren<CXTToolBar *>(Qt::FindDirectChildrenOnly))
-        if (bar->isVisible()) bar->UpdateCommandUI();
-}
-
 CMDIChildWnd *CMDIFrameWnd::MDIGetActive() const {
     // currentSubWindow keeps the answer while another window of the program has the focus.
     return dynamic_cast<CMDIChildWnd *>(client_->currentSubWindow());
@@ -201,6 +212,19 @@ CMDIChildWnd *CMDIFrameWnd::MDIGetActive() const {
 CView *CMDIFrameWnd::GetActiveView() const {
     CMDIChildWnd *child = MDIGetActive();
     return child ? child->GetActiveView() : nullptr;
+}
+
+void CMDIFrameWnd::SetActiveView(CView *view) {
+    if (activeView_ == view) return;
+    if (auto *last = static_cast<CView *>(activeView_.data())) last->OnActivateView(false);
+    activeView_ = view;
+    if (view) view->OnActivateView(true);
+}
+
+void CMDIFrameWnd::FocusActiveView() {
+    activateWindow();  // a floating bar is a window of its own
+    CView *view = GetActiveView();
+    (view ? static_cast<QWidget *>(view) : client_)->setFocus(Qt::OtherFocusReason);
 }
 
 std::vector<CMDIChildWnd *> CMDIFrameWnd::Children() const {
@@ -212,14 +236,9 @@ std::vector<CMDIChildWnd *> CMDIFrameWnd::Children() const {
 }
 
 void CMDIFrameWnd::AddChild(CMDIChildWnd *child) {
-    const CMDIChildWnd *active = MDIGetActive();
-    const bool maximised = !active || active->isMaximized();
     client_->addSubWindow(child);
-    child->resize(client_->size() * 2 / 3);
-    if (maximised)
-        child->showMaximized();
-    else
-        child->show();
+    child->resize(client_->size() * 3 / 4);
+    child->show();
     OnClientChanged();
 }
 
@@ -244,20 +263,17 @@ void CMDIFrameWnd::Tile(Qt::Orientation rows) {
     }
 }
 
-void CMDIFrameWnd::FillWindowList(QMenu *menu, int firstCommand) {
-    for (QAction *action : menu->actions()) {
-        const int command = action->data().toInt();
-        if (command < firstCommand || command >= firstCommand + kWindowListEntries) continue;
-        menu->removeAction(action);
-        action->deleteLater();
-    }
+void CMDIFrameWnd::FillWindowList(QMenu *menu, int firstCommand, const std::string &all) {
+    RemoveCommands(menu, firstCommand, firstCommand + kWindowListEntries);
     const std::vector<CMDIChildWnd *> children = Children();
-    if (!children.empty() && !menu->actions().empty() && !menu->actions().back()->isSeparator()) menu->addSeparator();
-    for (int i = 0; i < std::min(kWindowListEntries, static_cast<int>(children.size())); ++i) {
+    const int count = static_cast<int>(children.size());
+    if (count > 0 && !menu->actions().empty() && !menu->actions().back()->isSeparator()) menu->addSeparator();
+    for (int i = 0; i < std::min(kWindowListEntries, count); ++i) {
         const QString title = children[static_cast<size_t>(i)]->windowTitle().replace("&", "&&");
         const QString text = QString("&%1 %2").arg(i + 1).arg(title);
         menu->addAction(MakeCommandAction(firstCommand + i, FromQString(text), menu));
     }
+    if (count > kWindowListEntries) menu->addAction(MakeCommandAction(firstCommand + kWindowListEntries, all, menu));
 }
 
 void CMDIFrameWnd::SetTabs(bool on, bool top) {
@@ -275,18 +291,6 @@ void CMDIFrameWnd::RefreshTabs() {
 }
 
 void CMDIFrameWnd::OnClientChanged() { RefreshTabs(); }
-
-void CMDIFrameWnd::SaveBarState(const std::string &name) {
-    const QByteArray state = saveState(kBarStateVersion);
-    UserStore().WriteBinary(name, kBarStateKey, {state.begin(), state.end()});
-}
-
-bool CMDIFrameWnd::LoadBarState(const std::string &name) {
-    const auto state = UserStore().ReadBinary(name, kBarStateKey);
-    return state && restoreState(QByteArray(reinterpret_cast<const char *>(state->data()),
-                                            static_cast<qsizetype>(state->size())),
-                                 kBarStateVersion);
-}
 
 void CMDIFrameWnd::UpdateTitle() {
     composing_ = true;

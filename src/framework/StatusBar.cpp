@@ -5,21 +5,38 @@
 #include "framework/Text.h"
 
 CXTStatusBar::CXTStatusBar(QWidget *parent, const std::vector<int> &widths) : QStatusBar(parent) {
-    const int character = fontMetrics().averageCharWidth();
-    for (size_t i = 0; i < widths.size(); ++i) {
-        auto *pane = new QLabel(this);
-        pane->setTextFormat(Qt::PlainText);
-        pane->setContentsMargins(6, 0, 6, 0);
-        pane->setMinimumWidth(widths[i] * character);
-        if (i == 0) {
-            pane->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-            addWidget(pane, 1);
-        } else {
-            addPermanentWidget(pane);
-            pane->setVisible(widths[i] > 0);
+    for (const int width : widths) {
+        if (!panes_.empty()) {
+            InsertPane(PaneCount(), width);
+            continue;
         }
+        QLabel *pane = MakePane(width);
+        pane->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        addWidget(pane, 1);
         panes_.push_back(pane);
     }
+}
+
+QLabel *CXTStatusBar::MakePane(int width) {
+    auto *pane = new QLabel(this);
+    pane->setTextFormat(Qt::PlainText);
+    pane->setContentsMargins(6, 0, 6, 0);
+    pane->setMinimumWidth(width * fontMetrics().averageCharWidth());
+    return pane;
+}
+
+void CXTStatusBar::InsertPane(int pane, int width) {
+    if (pane < 1 || pane > PaneCount()) return;
+    QLabel *label = MakePane(width);
+    insertPermanentWidget(pane, label);
+    label->setVisible(width > 0);
+    panes_.insert(panes_.begin() + pane, label);
+}
+
+void CXTStatusBar::RemovePane(int pane) {
+    if (pane < 1 || pane >= PaneCount()) return;
+    delete panes_[static_cast<size_t>(pane)];
+    panes_.erase(panes_.begin() + pane);
 }
 
 void CXTStatusBar::SetPaneText(int pane, const std::string &text) {

@@ -16,6 +16,11 @@ public:
     std::string GetPaneText(int pane) const;
     int PaneCount() const { return static_cast<int>(panes_.size()); }
 
+    void InsertPane(int pane, int width);  // the panes from there on move up by one; not in front of pane 0
+    void RemovePane(int pane);
+
 private:
+    QLabel *MakePane(int width);
+
     std::vector<QLabel *> panes_;
 };

@@ -1,6 +1,7 @@
 #include "framework/ToolBar.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QToolButton>
 #include <QWidgetAction>
@@ -92,6 +93,13 @@ void CXTToolBar::TidySeparators() {
             last = action;
     }
     if (last && last->isSeparator()) removeAction(last);
+}
+
+void CXTToolBar::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape)
+        frame_->FocusActiveView();
+    else
+        QToolBar::keyPressEvent(event);
 }
 
 void CXTToolBar::UpdateCommandUI() {

@@ -22,6 +22,9 @@ public:
 
     void UpdateCommandUI();  // asks the frame for the state of each button
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;  // Esc: back to the document
+
 private:
     QAction *FindButton(int command) const;
     void TidySeparators();
