@@ -72,7 +72,8 @@ CTipOfTheDayDlg::CTipOfTheDayDlg(QWidget *parent)
     column->addWidget(page);
     column->addLayout(bottom);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder({atStart_, next, close});
+    setTabOrder(atStart_, next);
+    setTabOrder(next, close);
     close->setFocus();
     ShowNext();
 }
