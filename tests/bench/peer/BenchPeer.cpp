@@ -61,11 +61,12 @@ void BenchPeerStartUp() {
         const Milliseconds shown = program.AwaitWindow(), answered = program.AwaitMenu();
         return WithMemory(program, shown, answered);
     };
-    CompareSamples(kStartRounds, [&] { return measure(stage.ours); }, [&] { return measure(stage.peer); },
-                   {{"start to the painted window", &Sample::shown, "ms"},
-                    {"start to a usable window: painted, and the File menu open", &Sample::answered, "ms"},
-                    {"resident memory, nothing open", &Sample::resident, "MB"},
-                    {"memory of its own, nothing open", &Sample::anonymous, "MB"}});
+    CompareSamples(
+        kStartRounds, [&] { return measure(stage.ours); }, [&] { return measure(stage.peer); },
+        {{"start to the painted window", &Sample::shown, "ms"},
+         {"start to a usable window: painted, and the File menu open", &Sample::answered, "ms"},
+         {"resident memory, nothing open", &Sample::resident, "MB"},
+         {"memory of its own, nothing open", &Sample::anonymous, "MB"}});
 }
 
 void BenchPeerBigSource() {
@@ -80,9 +81,10 @@ void BenchPeerBigSource() {
         const Milliseconds answered = program.AwaitText(false);
         return WithMemory(program, shown, answered);
     };
-    CompareSamples(kOpenRounds, [&] { return measure(stage.ours); }, [&] { return measure(stage.peer); },
-                   {{"start with a C source of 20 MB to its first page", &Sample::shown, "ms"},
-                    {"start with a C source of 20 MB to its second page by key", &Sample::answered, "ms"},
-                    {"resident memory, a C source of 20 MB open", &Sample::resident, "MB"},
-                    {"memory of its own, a C source of 20 MB open", &Sample::anonymous, "MB"}});
+    CompareSamples(
+        kOpenRounds, [&] { return measure(stage.ours); }, [&] { return measure(stage.peer); },
+        {{"start with a C source of 20 MB to its first page", &Sample::shown, "ms"},
+         {"start with a C source of 20 MB to its second page by key", &Sample::answered, "ms"},
+         {"resident memory, a C source of 20 MB open", &Sample::resident, "MB"},
+         {"memory of its own, a C source of 20 MB open", &Sample::anonymous, "MB"}});
 }

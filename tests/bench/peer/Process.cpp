@@ -22,7 +22,9 @@ std::vector<char *> Pointers(const std::vector<std::string> &words) {
     return pointers;
 }
 
-std::string ProcFile(pid_t id, const char *name) { return "/proc/" + std::to_string(id) + "/" + name; }
+std::string ProcFile(pid_t id, const char *name) {
+    return "/proc/" + std::to_string(id) + "/" + name;
+}
 
 // The process and its descendants, those that still run.
 std::vector<pid_t> Family(pid_t root) {

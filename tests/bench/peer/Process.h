@@ -23,7 +23,7 @@ public:
 
     // Of the process and all its descendants, in bytes.
     struct Memory {
-        double resident;  // Rss: with the pages that other processes share
+        double resident;   // Rss: with the pages that other processes share
         double anonymous;  // what it allocated or changed itself
     };
     Memory ReadMemory() const;

@@ -29,8 +29,9 @@ Reply<T> Own(T *reply) {
 std::string StartServer(CProcess &process) {
     int ends[2];
     Require(pipe(ends) == 0, "no pipe");
-    process.Start({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", kScreen, "-nolisten", "tcp", "-noreset"},
-                  {"PATH=" + std::string(getenv("PATH"))});
+    process.Start(
+        {"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", kScreen, "-nolisten", "tcp", "-noreset"},
+        {"PATH=" + std::string(getenv("PATH"))});
     close(ends[1]);
     std::string number;
     char byte = 0;
@@ -81,7 +82,9 @@ CVirtualDisplay::~CVirtualDisplay() {
     xcb_disconnect(impl_->connection);
 }
 
-std::string CVirtualDisplay::Name() const { return impl_->name; }
+std::string CVirtualDisplay::Name() const {
+    return impl_->name;
+}
 
 std::vector<CVirtualDisplay::Window> CVirtualDisplay::Windows() const {
     xcb_connection_t *connection = impl_->connection;
@@ -96,9 +99,8 @@ std::vector<CVirtualDisplay::Window> CVirtualDisplay::Windows() const {
         const auto geometry = Own(xcb_get_geometry_reply(connection, geometryCookie, nullptr));
         if (!attributes || !geometry || attributes->map_state != XCB_MAP_STATE_VIEWABLE) continue;
         if (attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT) continue;
-        windows.push_back({id,
-                           {geometry->x, geometry->y, geometry->width, geometry->height},
-                           attributes->override_redirect != 0});
+        windows.push_back(
+            {id, {geometry->x, geometry->y, geometry->width, geometry->height}, attributes->override_redirect != 0});
     }
     return windows;
 }
@@ -147,10 +149,10 @@ Picture CVirtualDisplay::Grab(const Area &area) const {
     const int bottom = std::min<int>(area.y + area.height, impl_->screen->height_in_pixels);
     Picture picture{{left, top, right - left, bottom - top}, {}};
     Require(picture.area.width > 0 && picture.area.height > 0, "a window lies outside the screen");
-    const auto cookie = xcb_get_image(impl_->connection, XCB_IMAGE_FORMAT_Z_PIXMAP, impl_->screen->root,
-                                      static_cast<int16_t>(left), static_cast<int16_t>(top),
-                                      static_cast<uint16_t>(picture.area.width),
-                                      static_cast<uint16_t>(picture.area.height), ~0u);
+    const auto cookie =
+        xcb_get_image(impl_->connection, XCB_IMAGE_FORMAT_Z_PIXMAP, impl_->screen->root, static_cast<int16_t>(left),
+                      static_cast<int16_t>(top), static_cast<uint16_t>(picture.area.width),
+                      static_cast<uint16_t>(picture.area.height), ~0u);
     const auto reply = Own(xcb_get_image_reply(impl_->connection, cookie, nullptr));
     const size_t count = static_cast<size_t>(picture.area.Size());
     Require(reply && static_cast<size_t>(xcb_get_image_data_length(reply.get())) == count * sizeof(uint32_t),

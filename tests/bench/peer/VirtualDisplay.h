@@ -1,5 +1,5 @@
-// An X server of the benchmark's own, with a user's eyes and hands. There is no window manager and no session bus on it:
-// what a program costs there is its own work.
+// An X server of the benchmark's own, with a user's eyes and hands. There is no window manager and no session bus on
+// it: what a program costs there is its own work.
 #pragma once
 
 #include <sys/types.h>
@@ -25,7 +25,7 @@ public:
         Area area;
         bool popup;  // a menu, not managed as a window
     };
-    std::vector<Window> Windows() const;  // those on show, the undermost first
+    std::vector<Window> Windows() const;       // those on show, the undermost first
     std::optional<Window> MainWindow() const;  // the largest that is no popup
     std::optional<Window> Popup() const;
 
