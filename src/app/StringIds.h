@@ -265,5 +265,5 @@ enum ResourceId : int {
     IDR_TAB_MENU = 155,
     IDR_BUILD_MENU = 156,      // of the build button's arrow
     IDR_VIEW_MENU = 157,       // of source text
-    IDR_BAR_MENU = 157,        // of a right click beside the bars
+    IDR_BAR_MENU = 158,        // of a right click beside the bars
 };
