@@ -92,6 +92,7 @@ protected:
     void OnInitMenu() override;
     CUserStore &UserStore() override;
     std::string ComposeTitle() const override;
+    CView *GetBarView() const override;
     void OnTabMenu(CMDIChildWnd *child, const QPoint &at) override;
     void OnStatusHelp(const std::string &text) override;
     int BarMenu() const override;

@@ -11,6 +11,7 @@
 #include "debugger/RegisterBar.h"
 #include "debugger/StackBar.h"
 #include "debugger/WatchBar.h"
+#include "editor/CodeViewContainer.h"
 #include "editor/ListBar.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
@@ -146,6 +147,10 @@ bool CMainFrame::OnCmdMsg(int id, CCmdUI *ui) {
     else
         Toggle(*bar);
     return true;
+}
+
+CView *CMainFrame::GetBarView() const {
+    return listBar_ && listBar_->HoldsFocus() ? listBar_->Container().GetActiveTab() : nullptr;
 }
 
 int CMainFrame::BarMenu() const { return IDR_BAR_MENU; }

@@ -1,24 +1,24 @@
 #include "editor/ChildFrame.h"
 
-#include <QCloseEvent>
 #include <QMdiArea>
 #include <QResizeEvent>
+#include <algorithm>
 
+#include "app/IDEApp.h"
 #include "editor/IDEDoc.h"
-#include "framework/WinApp.h"
 
 namespace {
 
-bool IsAnySourceOpen() {
-    for (CDocument *document : CWinApp::Get()->GetDocuments())
-        if (dynamic_cast<CIDEDoc *>(document)) return true;
-    return false;
+bool IsSourceOpenBeside(const CDocument *document) {
+    return std::ranges::any_of(CIDEApp::Get().GetDocuments(), [document](CDocument *each) {
+        return each != document && dynamic_cast<CIDEDoc *>(each);
+    });
 }
 
 }  // namespace
 
 void CChildFrame::setVisible(bool visible) {
-    const bool maximise = visible && !shown_ && mdiArea() && wasMaximised_ && !isMaximized();
+    const bool maximise = visible && !shown_ && mdiArea() && CIDEApp::Get().childMaximised && !isMaximized();
     CMDIChildWnd::setVisible(visible);
     if (visible) shown_ = true;
     if (maximise) showMaximized();
@@ -26,11 +26,12 @@ void CChildFrame::setVisible(bool visible) {
 
 void CChildFrame::resizeEvent(QResizeEvent *event) {
     CMDIChildWnd::resizeEvent(event);
-    if (shown_ && isVisible() && mdiArea()) wasMaximised_ = isMaximized();
+    if (shown_ && isVisible() && mdiArea()) CIDEApp::Get().childMaximised = isMaximized();
 }
 
-void CChildFrame::closeEvent(QCloseEvent *event) {
-    const bool maximised = isMaximized();
-    CMDIChildWnd::closeEvent(event);
-    if (!GetActiveDocument() && !IsAnySourceOpen()) wasMaximised_ = maximised;
+void CChildFrame::DestroyWithoutQuestion() {
+    // On its way out of the area the window gets another size, which says nothing.
+    const bool maximised = isMaximized(), last = !IsSourceOpenBeside(GetActiveDocument());
+    CMDIChildWnd::DestroyWithoutQuestion();
+    if (last) CIDEApp::Get().childMaximised = maximised;
 }

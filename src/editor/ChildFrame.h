@@ -5,18 +5,12 @@
 
 class CChildFrame : public CMDIChildWnd {
 public:
-    CChildFrame() = default;
-
-    // Whether the frame that was sized or closed last was maximised; false at the start of the program.
-    static bool WasMaximised() { return wasMaximised_; }
-
     void setVisible(bool visible) override;
+    void DestroyWithoutQuestion() override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
 
 private:
-    static inline bool wasMaximised_ = false;
     bool shown_ = false;
 };

@@ -7,6 +7,7 @@
 #include "editor/Folding.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/ListBar.h"
 #include "framework/Language.h"
 
 namespace {
@@ -34,4 +35,5 @@ void RunEditorSettings() {
     }
     for (CDocument *each : app.GetDocuments())
         if (auto *document = dynamic_cast<CIDEDoc *>(each)) ApplyToDocument(*document, foldingWentOff);
+    app.GetMainFrame()->ListBar().ListingDocument().UpdateAllViews(nullptr);
 }

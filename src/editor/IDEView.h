@@ -52,7 +52,7 @@ public:
     // of a breakpoint that the engine has already, -1 for none. Nothing for line -1.
     virtual void OnDebugToggleBreakpoint(intptr_t line, int change, int engineId = -1);
 
-    void OnPathNamed();      // the document was saved under a first or other name: the marks are that file's
+    virtual void OnPathNamed();  // the document was saved under a first or other name: the marks are that file's
     void RefreshValueTip();  // at a stop of the target: shows the value under the pointer anew
 
 protected:
@@ -74,8 +74,6 @@ protected:
 private:
     void MapCommands();
     void MapSearchCommands();
-    void FindText();
-    void ReplaceText();
     bool FillFromFile(const std::string &path);
     void ShowText(const std::string &bytes);
     void PlaceMarks();

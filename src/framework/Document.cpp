@@ -47,7 +47,7 @@ void CDocument::OnCloseDocument() {
     for (CView *view : views)
         if (CMDIChildWnd *frame = view->GetParentFrame()) frame->DestroyWithoutQuestion();
     DeleteContents();
-    template_->CloseDocument(this);
+    if (template_) template_->CloseDocument(this);
 }
 
 bool CDocument::SaveModified() {
@@ -75,8 +75,9 @@ bool CDocument::DoSave(const std::string &path, bool replace) {
 bool CDocument::AskForPath(std::string &path) {
     CFileDialog dialog(CFileDialog::Kind::save);
     dialog.title = CWinApp::Get()->SaveAsTitle();
-    dialog.fileName = path_.empty() ? template_->GetDocString(DocString::fileNewName) : path_;
-    const std::string extension = template_->GetDocString(DocString::filterExt);
+    const auto ownString = [this](DocString which) { return template_ ? template_->GetDocString(which) : std::string(); };
+    dialog.fileName = path_.empty() ? ownString(DocString::fileNewName) : path_;
+    const std::string extension = ownString(DocString::filterExt);
     dialog.defaultExtension = extension.starts_with('.') ? extension.substr(1) : extension;
     for (const auto &docTemplate : CWinApp::Get()->GetTemplates()) {
         const std::string text = docTemplate->GetDocString(DocString::filterName);

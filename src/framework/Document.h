@@ -10,7 +10,8 @@
 class CDocTemplate;
 class CView;
 
-// Made and owned by its template (from CreateNewDocument to OnCloseDocument). Paths are in the Windows form. Main thread.
+// Made and owned by its template (from CreateNewDocument to OnCloseDocument), or by whoever made it outside all
+// templates. Paths are in the Windows form. Main thread.
 class CDocument : public CCmdTarget {
 public:
     CDocument();
@@ -31,7 +32,7 @@ public:
     virtual bool OnNewDocument();
     virtual bool OnOpenDocument(const std::string &path);
     virtual bool OnSaveDocument(const std::string &path) = 0;
-    virtual void OnCloseDocument();  // closes all frames of the document and destroys it
+    virtual void OnCloseDocument();  // closes all frames of the document; its template destroys it
 
     // Offers to save a modified document. False when the user cancelled or the save failed.
     virtual bool SaveModified();

@@ -22,7 +22,7 @@ public:
     void UpdateFrameTitle();                   // shows the document's title
     bool OnCmdMsg(int id, CCmdUI *ui) override;  // view, then its own map
 
-    void DestroyWithoutQuestion();             // the document is going
+    virtual void DestroyWithoutQuestion();     // the document is going
 
 protected:
     void closeEvent(QCloseEvent *event) override;  // asks to save, then closes the document

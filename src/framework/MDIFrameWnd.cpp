@@ -131,7 +131,9 @@ void CMDIFrameWnd::RunCommand(int id, CCmdTarget *target) {
 
 bool CMDIFrameWnd::OnCmdMsg(int id, CCmdUI *ui) {
     CMDIChildWnd *child = MDIGetActive();
-    return (child && child->OnCmdMsg(id, ui)) || CWnd::OnCmdMsg(id, ui) || CWinApp::Get()->OnCmdMsg(id, ui);
+    CView *barView = GetBarView();
+    return (child && child->OnCmdMsg(id, ui)) || (barView && barView->OnCmdMsg(id, ui)) || CWnd::OnCmdMsg(id, ui) ||
+           CWinApp::Get()->OnCmdMsg(id, ui);
 }
 
 void CMDIFrameWnd::PrepareMenu(QMenu *menu, CCmdTarget *target) {

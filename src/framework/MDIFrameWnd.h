@@ -38,7 +38,7 @@ public:
     void AddChild(CMDIChildWnd *child);            // shows it, in the state that it chooses itself
     void ShowTabMenu(CMDIChildWnd *child, const QPoint &at) { OnTabMenu(child, at); }
 
-    // Active view and its document, child frame, the frame's own map, then the application.
+    // Active view and its document, child frame, a view in a bar, the frame's own map, then the application.
     bool OnCmdMsg(int id, CCmdUI *ui) override;
 
     // Runs a pop-up of the language library at a global position. The commands go to `target` first, then the usual way.
@@ -76,6 +76,7 @@ protected:
     virtual void OnInitMenu() {}                    // a menu is about to open: rebuild what changes
     virtual CUserStore &UserStore() = 0;            // where layouts are kept
     virtual std::string ComposeTitle() const = 0;   // the one title of the window
+    virtual CView *GetBarView() const { return nullptr; }  // of the bar that holds the focus
     virtual void OnTabMenu(CMDIChildWnd *child, const QPoint &at) {}
     virtual void OnStatusHelp(const std::string &text) {}
     virtual int BarMenu() const { return 0; }       // the menu of all bars in the language library

@@ -2,9 +2,13 @@
 
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
+#include "editor/ListBar.h"
 #include "navigation/WorkspaceBar.h"
 
 void RefreshBuildViews() {
     // The rows of the output folder follow what the build left.
-    if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->WorkspaceBar().RebuildOutputRows();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (!frame) return;
+    frame->WorkspaceBar().RebuildOutputRows();
+    frame->ListBar().LoadAll(false);
 }

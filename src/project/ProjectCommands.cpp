@@ -13,6 +13,7 @@
 #include "editor/FileKind.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/ListBar.h"
 #include "framework/Language.h"
 #include "navigation/WorkspaceBar.h"
 #include "platform/NativePath.h"
@@ -75,8 +76,8 @@ CProjectCommands::CProjectCommands() {
     OnCommand(
         ID_PROJECT_COMPILER, [this] { CompilerDialog(); }, EnableWithoutSession);
     OnCommand(
-    OnCommand(
         ID_CLOCK_RATE, [this] { ClockRateDialog(); }, EnableWithProject);
+    OnCommand(
         ID_BUILD_OPTIONS, [this] { BuildOptions(); }, EnableWithProject);
 }
 
@@ -97,6 +98,7 @@ bool CProjectCommands::SetActiveCompiler(const std::string &name) {
     CWorkspace &workspace = WorkspaceOrNone();
     const bool changed = workspace.GetToolName() != name;
     const bool done = workspace.SetCompiler({}, name);
+    frame.ListBar().UpdateCodeWindowTabs();
     WriteUserString("Settings", "Active Compiler", name);
     if (!done) {
         frame.SetStatusText(kPaneCompiler, {});
@@ -203,8 +205,6 @@ void CProjectCommands::TargetDialog() {
     FollowTargetChange();
 }
 
-void CProjectCommands::ProjectOptions() {
-    CWorkspace &workspace = WorkspaceOrNone();
 void CProjectCommands::ClockRateDialog() {
     const int stored = GetProjectInt("Settings", "ClockRate", kDefaultClockRate);
     CClockRateDlg dialog(&Frame(), stored >= 0 && stored <= kHighestClockRate ? stored : kDefaultClockRate);
@@ -214,6 +214,8 @@ void CProjectCommands::ClockRateDialog() {
     Frame().SetStatusText(debugging ? kPaneClock + 1 : kPaneClock, ClockRateText(dialog.Rate()));
 }
 
+void CProjectCommands::ProjectOptions() {
+    CWorkspace &workspace = WorkspaceOrNone();
     const std::string present = workspace.GetTarget();
     const auto browser = std::make_unique<CBrowserPage>();
     const auto debugger = std::make_unique<CDebuggerPage>();

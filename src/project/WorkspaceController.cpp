@@ -9,6 +9,8 @@
 #include "app/Settings.h"
 #include "app/StringIds.h"
 #include "editor/IDEDoc.h"
+#include "editor/ListBar.h"
+#include "editor/ListingView.h"
 #include "framework/Language.h"
 #include "navigation/BuildViews.h"
 #include "navigation/WorkspaceBar.h"
@@ -29,6 +31,9 @@ template <class Operation>
 void ForEachSource(Operation operation) {
     for (CDocument *document : CIDEApp::Get().GetDocuments())
         if (auto *source = dynamic_cast<CIDEDoc *>(document)) operation(*source);
+    // Without a listing its document keeps a name, but its view has no marks to tell.
+    CListBar &bar = Frame().ListBar();
+    if (bar.ListingView().HasListing()) operation(bar.ListingDocument());
 }
 
 // Holds back the painting of the tree while its rows change.
@@ -179,6 +184,8 @@ void CWorkspaceController::ShowNothing() {
     for (int pane : {kPaneWorkspace, kPaneTarget, kPaneCompiler, kPaneClock}) frame.SetStatusText(pane, {});
     frame.WorkspaceBar().SetTitle({});
     frame.WorkspaceBar().Clear();
+    frame.ListBar().UpdateCodeWindowTabs();
+    frame.ListBar().ClearAll();
     CIDEApp::Get().symbols.UpdateBrowseInfo();
     frame.RefreshTitle();
     frame.UpdateCommandUI();
