@@ -39,6 +39,17 @@ public:
         page.getKey("/Annots").appendItem(pdf_.makeIndirectObject(note));
     }
 
+    // Qt takes a link within the document for one to a file on the web.
+    void DropFalseLinks() {
+        for (QPDFPageObjectHelper &page : pages_) {
+            Object notes = page.getObjectHandle().getKey("/Annots");
+            for (int i = notes.isArray() ? notes.getArrayNItems() : 0; i-- > 0;) {
+                Object action = notes.getArrayItem(i).getKey("/A");
+                if (action.isDictionary() && action.getKey("/URI").getUTF8Value().starts_with('#')) notes.eraseItem(i);
+            }
+        }
+    }
+
     void DropWhatDiffers() {
         Object about = pdf_.getTrailer().getKey("/Info");
         if (about.isDictionary())
@@ -97,6 +108,7 @@ QByteArray AddPdfMarks(const QByteArray &bytes, const std::vector<PdfMark> &mark
     pdf.processMemoryFile("document", bytes.constData(), static_cast<size_t>(bytes.size()));
     CPdfMarker marker(pdf);
     marker.AddOutline(marks);
+    marker.DropFalseLinks();
     for (const PdfLink &link : links) marker.AddLink(link);
     marker.DropWhatDiffers();
 

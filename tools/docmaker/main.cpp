@@ -7,6 +7,7 @@
 // line. Equal sources give equal documents, byte for byte.
 #include <QCommandLineParser>
 #include <QGuiApplication>
+#include <QHashFunctions>
 #include <QSaveFile>
 #include <cstdio>
 
@@ -34,6 +35,7 @@ void WriteWhole(const QString &name, const QByteArray &bytes) {
 }  // namespace
 
 int main(int argc, char **argv) {
+    QHashSeed::setDeterministicGlobalSeed();  // the order of the fonts in a PDF is that of a hash
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addOptions({{"version", "", "version"}, {"listing", "", "name"}});
