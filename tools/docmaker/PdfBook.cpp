@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kResolution = 1200;  // of the layout, dots an inch
 constexpr double kCssDpi = 96;     // what a "px" of the style means
-constexpr double kPicturesDpi = 150, kTextWidthPx = 604;
+constexpr double kPicturesDpi = 150, kTextWidthPx = 604, kPictureMarginPx = 8;
 constexpr double kSideMm = 25, kTopMm = 20, kBottomMm = 16, kFooterMm = 12;
 constexpr const char *kTextFont = "DejaVu Sans";
 constexpr const char *kGrey = "#59636e";
@@ -94,6 +94,8 @@ private:
             if (!IsPicture(block)) continue;
             QTextBlockFormat format = block.blockFormat();
             format.setLineHeight(0, QTextBlockFormat::SingleHeight);  // the text's would leave a gap below
+            format.setTopMargin(kPictureMarginPx);
+            format.setBottomMargin(kPictureMarginPx);
             QTextCursor(block).setBlockFormat(format);
         }
         do text_.setPageSize(QSizeF(width_, height_));  // which lays out the whole text afresh
