@@ -90,6 +90,7 @@ void WorkOnTwoProjects(CTour &tour) {
     SetDesktopDark(false);
 
     tour.Say("Look at the dialogs");
+    tour.Dialog(program, ID_EDITOR_SETTINGS, "editor-settings");
     tour.Dialog(program, ID_PROJECT_OPTIONS, "options");
     tour.Dialog(program, ID_PROJECT_TARGET, "target");
     tour.Dialog(program, ID_PROJECT_COMPILER, "compiler");

@@ -52,7 +52,7 @@ std::string Contents(const std::vector<Heading> &headings) {
         if (heading.level > 3) continue;
         for (; level < heading.level; ++level) html += "<ul>";
         for (; level > heading.level; --level) html += "</ul>";
-        html += "<li><a href=\"#" + heading.slug + "\">" + EscapeHtml(heading.text) + "</a></li>\n";
+        html += "<li><a href=\"#" + heading.slug + "\">" + EscapeHtml(heading.text) + "</a>\n";
     }
     for (; level > 1; --level) html += "</ul>";
     return html;
