@@ -120,7 +120,7 @@ int CHistoryCombo::AddString(const std::string &text) {
     return 0;
 }
 
-void CHistoryCombo::Serialize(std::ostream &archive) const {
+void CHistoryCombo::Serialize(std::ostream &archive) {
     const int items = std::min(GetCount(), 0xffff);
     WriteNumber(archive, static_cast<uint16_t>(items));
     for (int i = 0; i < items; ++i) WriteText(archive, GetLBText(i));

@@ -24,7 +24,7 @@ public:
     int AddString(const std::string &text);
 
     // The list and the text on show. Reading says false at a fault and then leaves the box as it was.
-    void Serialize(std::ostream &archive) const;
+    void Serialize(std::ostream &archive);
     bool Serialize(std::istream &archive);
 
     std::string lastKey;   // key of the text on show; empty: the prefix, without one "Last"

@@ -101,7 +101,16 @@ intptr_t CTextSearch::Replace(const TextRange &hit, const std::string &replaceme
     return sci_.SendText(message, replacement.size(), replacement.c_str());
 }
 
-intptr_t CTextSearch::ReplaceRange(const TextRange &range, const std::string &replacement) const {
+// A replacement would be refused twice, once for each half.
+bool CTextSearch::CanChange() const {
+    if (!sci_.Send(SCI_GETREADONLY)) return true;
+    SetTarget(0, 0);
+    sci_.SendText(SCI_REPLACETARGET, 1, " ");
+    return false;
+}
+
+std::optional<intptr_t> CTextSearch::ReplaceRange(const TextRange &range, const std::string &replacement) const {
+    if (!CanChange()) return std::nullopt;
     if (IsRegExp()) Search(range.start, range.end);  // for the groups that the replacement names
     return Replace(range, replacement);
 }
@@ -110,10 +119,7 @@ std::optional<intptr_t> CTextSearch::ReplaceAll(const std::string &replacement) 
     std::optional<TextRange> hit = Forward(0, Length(), kNone);
     if (IsRegExp() && text_ == "^") hit = TextRange{0, 0};
     if (!hit) return std::nullopt;
-    if (sci_.Send(SCI_GETREADONLY)) {
-        Replace(*hit, replacement);
-        return 0;
-    }
+    if (!CanChange()) return 0;
     sci_.Send(SCI_BEGINUNDOACTION);
     intptr_t count = 0, end = 0;
     while (hit) {

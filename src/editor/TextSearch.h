@@ -28,11 +28,12 @@ public:
     // hit that is `last` itself counts only when there is no other. A default `last` begins at the text's start.
     std::optional<TextRange> FindNext(const TextRange &last, bool reverse) const;
 
-    // Replaces what stands in `range`. The length of the replacement, for a read-only window too.
-    intptr_t ReplaceRange(const TextRange &range, const std::string &replacement) const;
+    // Replaces what stands in `range`. The length of the replacement; empty in a read-only window, which tells of the
+    // attempt.
+    std::optional<intptr_t> ReplaceRange(const TextRange &range, const std::string &replacement) const;
 
-    // Replaces every hit in one undo step, and puts the caret behind the last one. The count: 0 in a read-only window, which
-    // tells of the attempt; empty without a hit.
+    // Replaces every hit in one undo step, and puts the caret behind the last one. The count: 0 in a read-only window, as
+    // above; empty without a hit.
     std::optional<intptr_t> ReplaceAll(const std::string &replacement) const;
 
     // Whether the component can't read the regular expression, so that nothing is ever found.
@@ -45,6 +46,7 @@ private:
     std::optional<TextRange> Backward(intptr_t from, const TextRange &passed) const;
     std::optional<TextRange> LastOfLine(intptr_t line, intptr_t before, const TextRange &passed) const;
     intptr_t Replace(const TextRange &hit, const std::string &replacement) const;  // the hit of the search before
+    bool CanChange() const;  // false in a read-only window, which is made to tell of an attempt
     bool IsReal(const TextRange &hit, intptr_t from) const;
     void SetTarget(intptr_t start, intptr_t end) const;
     intptr_t Length() const { return sci_.Send(SCI_GETLENGTH); }

@@ -122,9 +122,8 @@ void ReplaceSelection(CIDEView &view, const std::string &text) {
     const CFindSettings settings = CFindSettings::Load();
     const TextRange selection = Selection(view);
     const CTextSearch search = SearchIn(view, settings);
-    const intptr_t length = search.ReplaceRange(selection, text);
-    if (!view.IsReadOnly()) {
-        const intptr_t caret = selection.start + (settings.forward ? length : 0);
+    if (const std::optional<intptr_t> length = search.ReplaceRange(selection, text)) {
+        const intptr_t caret = selection.start + (settings.forward ? *length : 0);
         Select(view, {caret, caret});
     }
     view.findPos = kFindFromSelection;
