@@ -7,8 +7,8 @@
 
 class QDBusVariant;
 
-// Makes all windows dark or light at once: the palette, icons and whatever asks the palette for its colours. Light is
-// what the toolkit gave at first. Main thread.
+// Makes all windows dark or light: the palette, icons and whatever asks the palette for its colours. They follow when
+// events are processed next. Light is what the toolkit gave at first. Main thread.
 void SetDesktopDark(bool dark);
 bool IsDesktopDark();
 
