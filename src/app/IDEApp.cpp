@@ -173,7 +173,11 @@ bool CIDEApp::OnCmdMsg(int id, CCmdUI *ui) {
 
 void CIDEApp::AddOutputLine(const char *text) {
     std::lock_guard lock(outputMutex_);
-    if (!frame_ || !frame_->HasOutput()) return;
+    if (!frame_) return;
+    if (!frame_->HasOutput()) {
+        if (text) frame_->AddWaitingText(text);
+        return;
+    }
     const std::string_view line = text ? text : "";
     if (!text)
         frame_->OutputBar().ClearBuildList();

@@ -85,7 +85,7 @@ void CMainFrame::PlaceBars() {
     };
     dock(workspaceBar_, Qt::LeftDockWidgetArea);
     dock(outputBar_, Qt::BottomDockWidgetArea);
-    dock(listBar_, Qt::RightDockWidgetArea);
+    dock(listBar_, Qt::BottomDockWidgetArea, outputBar_);
     dock(registerBar_, Qt::RightDockWidgetArea);
     dock(ramBar_, Qt::RightDockWidgetArea, registerBar_);
     dock(eepromBar_, Qt::RightDockWidgetArea, ramBar_);
@@ -105,9 +105,9 @@ void CMainFrame::PlaceBars() {
 
 void CMainFrame::ShowDebugBars() {
     editToolBar_->hide();
-    for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, registerBar_, watchBar_, stackBar_}) bar->show();
-    registerBar_->raise();
-    watchBar_->raise();
+    for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, registerBar_, watchBar_, listBar_, stackBar_})
+        bar->show();
+    for (CDockBar *bar : std::initializer_list<CDockBar *>{registerBar_, watchBar_, listBar_}) bar->raise();
 }
 
 void CMainFrame::MapBarCommands() {

@@ -49,7 +49,7 @@ CProgram::~CProgram() {
 bool CProgram::StartWithoutWaiting() { return app_->InitInstance(); }
 
 bool CProgram::Start() {
-    return StartWithoutWaiting() && WaitFor([this] { return Frame().IsStarted(); }) && (Settle(), true);
+    return StartWithoutWaiting() && WaitFor([this] { return Frame().ArePluginsReady(); }) && (Settle(), true);
 }
 
 bool CProgram::Close() {
