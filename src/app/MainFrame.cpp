@@ -162,5 +162,3 @@ std::string CMainFrame::ComposeTitle() const {
 void CMainFrame::OnStatusHelp(const std::string &text) {
     if (statusBar_) statusBar_->SetPaneText(kPaneHelp, text);
 }
-
-CUserStore &CMainFrame::UserStore() { return UserSettings().User(); }
