@@ -14,6 +14,8 @@ public:
     // Every change goes into `properties` at once: a copy that the caller keeps on OK and drops on Cancel.
     CEditorSettingsSheet(QWidget *parent, CEditorProperties &properties);
 
+    const CSciWindow &Sample() const { return sample_; }
+
 private:
     QWidget *MakeStrip();
     void FillSample();
