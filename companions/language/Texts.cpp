@@ -146,14 +146,15 @@ constexpr TextRow kTexts[] = {
     {IDS_REPLACE_READ_ONLY, "Nothing was replaced: the text is read-only."},
     {IDS_SEARCH_READY, "Ready"},
     {IDS_FILE_CUT, "!W: The file %s holds a zero byte. It is shown up to there and can't be changed."},
-    {IDS_CUT_NOT_SAVED, "The file '%s' isn't saved: it isn't shown whole, and what is missing would be lost."},
+    {IDS_PARTIAL_NOT_SAVED, "The file '%s' isn't saved: the text isn't shown as it stands in its file."},
     {IDS_FILE_IS_FOLDER, "!E: %s is a folder, not a file."},
     {IDS_FILE_IS_SPECIAL, "!E: %s is a pipe or a device, not a file."},
     {IDS_FILE_FORBIDDEN, "!E: The file %s can't be read: permission denied."},
     {IDS_FILE_TOO_LARGE, "!E: The file %s is too large for the editor (%s MB)."},
     {IDS_FILE_LARGE_QUESTION, "The file '%s' is very large (%s MB). Opening it takes time and memory.\n\nOpen it?"},
     {IDS_FILE_SHOWN_PLAIN, "The file %s is large: it is shown without colours and folding."},
-    {IDS_FILE_LONG_LINES, "The file %s has very long lines: it is shown wrapped, without colours and folding."},
+    {IDS_FILE_LONG_LINES, "The file %s has very long lines: it is shown without colours and folding."},
+    {IDS_FILE_LINES_BROKEN, "!W: The file %s has lines too long for the editor. They are shown broken and can't be changed."},
     {IDS_MENU_COUNTERPART, "&Open %s"},
 
     // Debug run

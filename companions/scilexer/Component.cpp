@@ -1,11 +1,32 @@
 #include "Component.h"
 
+#include <QAccessibleWidget>
 #include <QContextMenuEvent>
 #include <QWheelEvent>
 
 #include "ProgramNames.h"
 
+namespace {
+
+// The component's own answer to assistive tools counts characters from the start of the text at each step of the caret,
+// whether such a tool listens or not: in large texts that takes seconds. Without a listener a plain one does.
+QAccessibleInterface *MakeAccessible(const QString &className, QObject *object) {
+    if (className != QLatin1String("QsciScintillaBase") || QAccessible::isActive()) return nullptr;
+    auto *component = dynamic_cast<CComponent *>(object);
+    return component ? new QAccessibleWidget(component, QAccessible::EditableText) : nullptr;
+}
+
+void InstallAccessibleOnce() {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(MakeAccessible);
+        return true;
+    }();
+}
+
+}  // namespace
+
 CComponent::CComponent(QWidget *parent) : QsciScintillaBase(parent) {
+    InstallAccessibleOnce();  // behind the component's own, which its first window installs: the last one is asked first
     setFrameShape(QFrame::NoFrame);
     SendScintilla(SCI_SETCODEPAGE, static_cast<unsigned long>(SC_CP_UTF8));
     ConnectTextNotifications();

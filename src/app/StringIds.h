@@ -91,7 +91,7 @@ enum StringId : int {
     IDS_UNTITLED = 507,                   // title of a new document, a number follows
     IDS_DEBUG_READ_ONLY = 508,            // typing during a debug run; build list
     IDS_FILE_CUT = 509,                   // %s: shown up to a zero byte; build list
-    IDS_CUT_NOT_SAVED = 510,              // %s; error
+    IDS_PARTIAL_NOT_SAVED = 510,          // %s; error
     IDS_FILE_IS_FOLDER = 511,             // %s; build list
     IDS_FILE_IS_SPECIAL = 512,            // %s a pipe, device or socket; build list
     IDS_FILE_FORBIDDEN = 513,             // %s; build list
@@ -99,6 +99,7 @@ enum StringId : int {
     IDS_FILE_LARGE_QUESTION = 515,        // %s, %s its size in MB; question
     IDS_FILE_SHOWN_PLAIN = 516,           // %s: too large for colours; build list
     IDS_FILE_LONG_LINES = 517,            // %s: its lines are too long for colours; build list
+    IDS_FILE_LINES_BROKEN = 519,          // %s: its lines are too long to be shown whole; build list
     IDS_MENU_COUNTERPART = 518,           // %s the file's name; menu entry
 
     // Debug run; all in the build list

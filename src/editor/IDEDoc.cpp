@@ -11,6 +11,7 @@
 #include "app/ProjectDirScope.h"
 #include "app/StringIds.h"
 #include "editor/IDEView.h"
+#include "editor/TextSize.h"
 #include "framework/Language.h"
 #include "platform/FileText.h"
 #include "platform/FileTime.h"
@@ -36,6 +37,19 @@ int WhyUnreadable(const std::string &path) {
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) return IDS_FILE_IS_SPECIAL;
     if (ReadLastWriteTime(path)) return 0;
     return errno == EACCES ? IDS_FILE_FORBIDDEN : IDS_CANT_READ_FILE;
+}
+
+// Whether a file of that size is to be opened; asks the user, or tells why not.
+bool AcceptsSize(const std::string &path) {
+    std::error_code error;
+    const uintmax_t size = std::filesystem::file_size(ToNativePath(path), error);
+    if (error || size < kQuestionedFile) return true;
+    const std::string name = DisplayPath(path), megabytes = std::to_string(size / 1'000'000);
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (size < kMostText)
+        return frame && frame->AskUser(LoadText(IDS_FILE_LARGE_QUESTION, {name, megabytes})) == IDYES;
+    CIDEApp::Get().AddOutputLine(LoadText(IDS_FILE_TOO_LARGE, {name, megabytes}));
+    return false;
 }
 
 void RefreshTabs() {
@@ -93,6 +107,7 @@ bool CIDEDoc::OnOpenDocument(const std::string &path) {
         CIDEApp::Get().AddOutputLine(LoadText(reason, {DisplayPath(path)}));
         return false;
     }
+    if (!AcceptsSize(path)) return false;
     if (!CTrackingDoc::OnOpenDocument(path)) return false;
     CIDEApp::Get().symbols.UpdateDocumentFunctions(path, *this);
     Tracker().TrackFile(TrackedName(path), true);
@@ -104,9 +119,8 @@ bool CIDEDoc::OnSaveDocument(const std::string &path) {
     Tracker().UntrackFile(GetPathName());
 
     CIDEView *view = GetFirstCodeView();
-    if (view) view->ConvertLineEnds();
-    const bool wouldLose = view && view->IsCut() && NamesOneFile(path, GetPathName());
-    const bool saved = view && !wouldLose && ReplaceWholeFile(path, GetText());
+    const bool partial = view && view->IsPartial();
+    const bool saved = view && !partial && WriteTextTo(path, *view);
 
     CIDEApp &app = CIDEApp::Get();
     app.symbols.UpdateDocumentFunctions(path, *this);
@@ -116,9 +130,16 @@ bool CIDEDoc::OnSaveDocument(const std::string &path) {
         SetModifiedMark(false);
         view->Send(SCI_SETSAVEPOINT);
     } else if (CMainFrame *frame = app.GetMainFrame()) {
-        frame->ShowError(LoadText(wouldLose ? IDS_CUT_NOT_SAVED : IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
+        frame->ShowError(LoadText(partial ? IDS_PARTIAL_NOT_SAVED : IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
     }
     return saved;
+}
+
+bool CIDEDoc::WriteTextTo(const std::string &path, CIDEView &view) {
+    // In a large text as many steps of the component as lines, each of which can be undone, take too long.
+    if (view.IsLarge()) return ReplaceWholeFile(path, WithWindowsLineEnds(GetText()));
+    view.ConvertLineEnds();
+    return ReplaceWholeFile(path, GetText());
 }
 
 // The record is made before a first or new name becomes the document's own.

@@ -1,5 +1,6 @@
 #include "editor/IDEView.h"
 
+#include <QGuiApplication>
 #include <QPointer>
 #include <QResizeEvent>
 #include <optional>
@@ -10,6 +11,7 @@
 #include "editor/Folding.h"
 #include "editor/IDEDoc.h"
 #include "editor/Keywords.h"
+#include "editor/TextSize.h"
 #include "editor/ViewSetup.h"
 #include "framework/Language.h"
 #include "platform/FileText.h"
@@ -31,6 +33,14 @@ class CModifiedQuiet {
 
  private:
     const CIDEView &view_;
+};
+
+class CWaitCursor {
+ public:
+    CWaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CWaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    CWaitCursor(const CWaitCursor &) = delete;
+    CWaitCursor &operator=(const CWaitCursor &) = delete;
 };
 
 // Lets a read-only view be written to for the life of the object.
@@ -116,7 +126,7 @@ void CIDEView::ApplyLexer(FileKind kind) {
     const auto workspace = CIDEApp::Get().workspace;
     std::string words;
     if (workspace && workspace->GetKeywords({}, static_cast<int>(kind), words)) SetKeywords(kind, words);
-    SetLexerOf(sci_, kind, CIDEApp::Get().editorProperties.fold);
+    SetLexerOf(sci_, plain_ ? FileKind::other : kind, CIDEApp::Get().editorProperties.fold);
 }
 
 void CIDEView::LoadFileIntoView() {
@@ -124,6 +134,7 @@ void CIDEView::LoadFileIntoView() {
     const std::string &path = GetDocument()->GetPathName();
     if (!path.empty()) {
         const intptr_t topLine = Send(SCI_GETFIRSTVISIBLELINE);
+        plain_ = false;
         ApplyLexer(FileKindOf(path));
         const bool filled = FillFromFile(path);
         Send(SCI_LINESCROLL, 0, topLine - Send(SCI_GETFIRSTVISIBLELINE));
@@ -136,13 +147,14 @@ void CIDEView::LoadFileIntoView() {
 bool CIDEView::FillFromFile(const std::string &path) {
     if (GetFileAttributesA(path) == kInvalidFileAttributes) {
         ReleaseFile();
-        cut_ = false;
+        partial_ = 0;
         Send(SCI_SETREADONLY, 0);
         ShowText({});
         TellAboutFile(IDS_FILE_MISSING, path);
         return true;
     }
-    const std::optional<std::string> bytes = ReadWholeFile(path);
+    const CWaitCursor wait;
+    std::optional<std::string> bytes = ReadWholeFile(path);
     if (!bytes) {
         // What is on show is not the file's text: it must not pass for saved, and nothing must not replace the file.
         TellAboutFile(IDS_CANT_READ_FILE, path);
@@ -153,17 +165,37 @@ bool CIDEView::FillFromFile(const std::string &path) {
         return false;
     }
     if (holdsFile_) TakeOverMarks();
+    FitToSize(*bytes);
     ShowText(*bytes);
+    bytes.reset();
     PlaceFunctionMarks();
-    // What lies behind a zero byte isn't on show and would be lost by saving.
-    cut_ = bytes->find('\0') != std::string::npos;
     const bool readOnly = IsReadOnlyOnDisk(path);
-    Send(SCI_SETREADONLY, cut_ || readOnly || CIDEApp::Get().session.IsOpen());
+    Send(SCI_SETREADONLY, partial_ || readOnly || CIDEApp::Get().session.IsOpen());
     if (readOnly) TellAboutFile(IDS_FILE_READ_ONLY, path);
-    if (cut_) TellAboutFile(IDS_FILE_CUT, path);
+    if (partial_) TellAboutFile(partial_, path);
     PlaceMarks();
     holdsFile_ = true;
     return true;
+}
+
+// Makes of the file's bytes what can be shown of them without holding the window up, and drops colours in time.
+void CIDEView::FitToSize(std::string &bytes) {
+    partial_ = 0;
+    if (const size_t zero = bytes.find('\0'); zero != std::string::npos) {
+        bytes.resize(zero);
+        partial_ = IDS_FILE_CUT;
+    }
+    const size_t longest = LongestLine(bytes);
+    plain_ = bytes.size() > kPlainText || longest > kPlainLine;
+    if (plain_) {
+        ApplyLexer(FileKind::other);
+        const int reason = longest > kPlainLine ? IDS_FILE_LONG_LINES : IDS_FILE_SHOWN_PLAIN;
+        if (longest <= kBrokenLine) TellAboutFile(reason, GetDocument()->GetPathName());
+    }
+    if (longest > kBrokenLine) {
+        bytes = BreakLongLines(bytes);
+        partial_ = IDS_FILE_LINES_BROKEN;
+    }
 }
 
 void CIDEView::ShowText(const std::string &bytes) {
@@ -171,7 +203,9 @@ void CIDEView::ShowText(const std::string &bytes) {
     for (const int marker : {kMarkerBookmark, kMarkerBreakpoint, kMarkerBreakpointSecond})
         Send(SCI_MARKERDELETEALL, static_cast<uintptr_t>(marker));
     const CWritable writable(*this);
+    if (!shown_) Send(SCI_SETUNDOCOLLECTION, 0);  // there is nothing to go back to, and it would be a second copy
     SendText(SCI_SETTEXT, 0, bytes.c_str());
+    Send(SCI_SETUNDOCOLLECTION, 1);
     ApplySettings();
     Send(SCI_MARKERDELETEALL, kMarkerFunction);
 }
@@ -202,6 +236,10 @@ void CIDEView::OnPathNamed() {
     if (!shown_) return;
     holdsFile_ = true;
     TakeOverMarks();
+}
+
+bool CIDEView::IsLarge() const {
+    return static_cast<size_t>(Send(SCI_GETLENGTH)) > kLargeText;
 }
 
 void CIDEView::ConvertLineEnds() {
@@ -294,8 +332,8 @@ void CIDEView::OnModifyAttempt() {
         CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_READ_ONLY));
     } else if (IsReadOnlyOnDisk(path)) {
         TellAboutFile(IDS_FILE_READ_ONLY, path);
-    } else if (cut_) {
-        TellAboutFile(IDS_FILE_CUT, path);
+    } else if (partial_) {
+        TellAboutFile(partial_, path);
     }
 }
 
@@ -310,7 +348,8 @@ void CIDEView::ShowCaretPosition() {
 
 void CIDEView::HighlightBraces() {
     const auto caret = static_cast<uintptr_t>(Send(SCI_GETCURRENTPOS));
-    if (!IsBrace(Send(SCI_GETCHARAT, caret))) {
+    // A brace without a partner has the whole text looked through.
+    if (IsLarge() || !IsBrace(Send(SCI_GETCHARAT, caret))) {
         Send(SCI_BRACEBADLIGHT, static_cast<uintptr_t>(-1));
         return;
     }

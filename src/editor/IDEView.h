@@ -46,7 +46,8 @@ public:
     void GotoFunction(size_t index);  // into the document's functions; nothing for an index beyond them
     intptr_t CaretLine() const;
     bool IsReadOnly() const { return Send(SCI_GETREADONLY) != 0; }
-    bool IsCut() const { return cut_; }  // the file goes on behind what is shown
+    bool IsLarge() const;                        // too large for work on the whole text at each step
+    bool IsPartial() const { return partial_; }  // what is shown isn't what the file holds, and mustn't replace it
 
     // Toggles, places or removes (a BreakpointChange) the breakpoint of one line, with the mark that shows it. `engineId`:
     // of a breakpoint that the engine has already, -1 for none. Nothing for line -1.
@@ -75,6 +76,7 @@ private:
     void MapCommands();
     void MapSearchCommands();
     bool FillFromFile(const std::string &path);
+    void FitToSize(std::string &bytes);
     void ShowText(const std::string &bytes);
     void PlaceMarks();
     void PlaceFunctionMarks();
@@ -98,7 +100,8 @@ private:
     CSciWindow sci_;
     bool holdsFile_ = false;
     bool shown_ = false;  // OnInitialUpdate is over
-    bool cut_ = false;
+    bool plain_ = false;  // too large for colours
+    int partial_ = 0;     // the text that tells why what is shown isn't what the file holds; 0 when it is
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };

@@ -67,6 +67,9 @@ void SetUpWindow(const CSciWindow &window) {
     // A horizontal scroll bar only for lines that don't fit.
     window.Send(SCI_SETSCROLLWIDTH, 1);
     window.Send(SCI_SETSCROLLWIDTHTRACKING, 1);
+    window.Send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
+    // A jump to the end doesn't wait until all text before it has its colours.
+    window.Send(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
 }
 
 void SetUpFolding(const CSciWindow &window) {

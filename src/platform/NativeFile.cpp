@@ -93,9 +93,11 @@ std::optional<std::string> ReadNativeFile(const std::string &nativePath) try {
     if (!file.IsOpen() || fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
     std::string bytes;
     size_t filled = 0;
-    bytes.resize(static_cast<size_t>(status.st_size) + 1);  // one more, to see the end without a further step
-    for (;;) {
-        if (filled == bytes.size()) bytes.resize(bytes.size() * 2);  // it grows, or is a file without a known size
+    // What another program appends meanwhile isn't waited for. Files of the system tell no size.
+    const auto size = static_cast<size_t>(status.st_size);
+    bytes.resize(size ? size : 4096);
+    while (!size || filled < size) {
+        if (filled == bytes.size()) bytes.resize(bytes.size() * 2);
         const ssize_t count = read(file.Get(), bytes.data() + filled, bytes.size() - filled);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return {};
