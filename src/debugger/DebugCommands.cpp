@@ -16,7 +16,7 @@ CDebugCommands::CDebugCommands() {
 
 bool CDebugCommands::CanRunOn() {
     const CIDEApp &app = CIDEApp::Get();
-    return app.GetMainFrame() && app.GetMainFrame()->IsStarted() && !app.session.IsRunning() &&
+    return app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() && !app.session.IsRunning() &&
            !app.GetActiveProjectPath().empty();
 }
 
@@ -32,7 +32,7 @@ void CDebugCommands::MapStartCommands() {
         },
         [](CCmdUI &ui) {
             const CIDEApp &app = CIDEApp::Get();
-            ui.Enable(app.GetMainFrame() && app.GetMainFrame()->IsStarted() && !app.GetActiveProjectPath().empty() &&
+            ui.Enable(app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() && !app.GetActiveProjectPath().empty() &&
                       app.build.IsIdle());
         });
     OnCommand(ID_DEBUG_END, [] { CIDEApp::Get().session.End(); },
