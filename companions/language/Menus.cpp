@@ -275,6 +275,20 @@ constexpr LangMenuEntry kBars[] = {
     {0, ID_RESET_BARS, "Rese&t Bar Layout"},
 };
 
+constexpr LangMenuEntry kHeader[] = {
+    {0, ID_HEADER_FILE, "&File Name"},
+    {0, ID_HEADER_PAGE, "&Page Number"},
+    {0, ID_HEADER_DATE, "&Date"},
+    {0, ID_HEADER_TIME, "&Time"},
+};
+
+constexpr LangMenuEntry kFooter[] = {
+    {0, ID_FOOTER_FILE, "&File Name"},
+    {0, ID_FOOTER_PAGE, "&Page Number"},
+    {0, ID_FOOTER_DATE, "&Date"},
+    {0, ID_FOOTER_TIME, "&Time"},
+};
+
 struct MenuRow {
     int id;
     std::span<const LangMenuEntry> entries;
@@ -290,6 +304,8 @@ constexpr MenuRow kMenus[] = {
     {IDR_BUILD_MENU, kBuildArrow},
     {IDR_VIEW_MENU, kView},
     {IDR_BAR_MENU, kBars},
+    {IDR_HEADER_MENU, kHeader},
+    {IDR_FOOTER_MENU, kFooter},
 };
 
 constexpr auto kById = SortedById(kMenus);

@@ -204,6 +204,38 @@ enum StringId : int {
     IDS_REPLACE_READ_ONLY = 771,
     IDS_SEARCH_READY = 772,               // takes away what was told of the replacement before
 
+    // Printing
+    IDS_DIALOG_PAGE_SETUP = 780,
+    IDS_GROUP_MARGINS = 781,
+    IDS_LABEL_UNIT = 782,
+    IDS_UNIT_INCHES = 783,
+    IDS_UNIT_MM = 784,
+    IDS_UNIT_PIXELS = 785,
+    IDS_LABEL_MARGIN_TOP = 786,
+    IDS_LABEL_MARGIN_BOTTOM = 787,
+    IDS_LABEL_MARGIN_LEFT = 788,
+    IDS_LABEL_MARGIN_RIGHT = 789,
+    IDS_GROUP_HEADER = 790,
+    IDS_GROUP_FOOTER = 791,
+    IDS_ALIGN_LEFT = 792,
+    IDS_ALIGN_CENTRE = 793,
+    IDS_ALIGN_RIGHT = 794,
+    IDS_HEADER_CODES = 795,               // tool tip of the buttons behind header and footer
+    IDS_PAGE_SETUP_NOT_SAVED = 796,       // error
+    IDS_PRINTING_PAGE = 797,              // %d the page, %d the number of pages
+    IDS_PRINTING_CANCEL = 798,
+    IDS_NO_PRINTER = 799,
+    IDS_PRINT_FAILED = 800,
+    IDS_PREVIEW_FAILED = 801,
+    IDS_DIALOG_PREVIEW = 802,
+    IDS_PREVIEW_PRINT = 803,
+    IDS_PREVIEW_PREVIOUS = 804,
+    IDS_PREVIEW_NEXT = 805,
+    IDS_PREVIEW_PAGE = 806,               // in front of the box with the page's number
+    IDS_PREVIEW_ZOOM_OUT = 807,
+    IDS_PREVIEW_ZOOM_IN = 808,
+    IDS_PREVIEW_CLOSE = 809,
+
     // Clock rate, about box, tip of the day
     IDS_DIALOG_CLOCK_RATE = 810,
     IDS_LABEL_CLOCK_RATE = 811,
@@ -266,5 +298,7 @@ enum ResourceId : int {
     IDR_TAB_MENU = 155,
     IDR_BUILD_MENU = 156,      // of the build button's arrow
     IDR_VIEW_MENU = 157,       // of source text
+    IDR_HEADER_MENU = 166,     // codes for the header and the footer of printed pages
+    IDR_FOOTER_MENU = 167,
     IDR_BAR_MENU = 158,        // of a right click beside the bars
 };
