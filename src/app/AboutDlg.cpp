@@ -42,7 +42,6 @@ CAboutDlg::CAboutDlg(QWidget *parent) : QDialog(parent) {
     large.setPointSizeF(large.pointSizeF() * 1.4);
     version->setFont(large);
     auto *credits = MakeWords(LoadText(IDS_ABOUT_CREDITS, {qVersion()}));
-    credits->setForegroundRole(QPalette::PlaceholderText);
 
     auto *text = new QVBoxLayout;
     text->setSpacing(12);

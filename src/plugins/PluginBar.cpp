@@ -14,3 +14,7 @@ void CPluginBar::Attach(QWidget *window, const std::string &library, int instanc
     libraryName_ = library;
     libraryInstances_ = instances;
 }
+
+void CPluginBar::TellClockRate(int hertz) const {
+    if (HasPlugin() && !isHidden() && clockRateEntry) clockRateEntry(hertz);
+}

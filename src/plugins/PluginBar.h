@@ -1,6 +1,7 @@
 // One of the slots for simulator plug-ins: a docking bar that holds the window of one instance of a plug-in.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "framework/DockBar.h"
@@ -20,6 +21,10 @@ public:
     bool HasPlugin() const { return widget() != nullptr; }
     const std::string &LibraryName() const { return libraryName_; }
     int LibraryInstances() const { return libraryInstances_; }
+
+    // Tells the plug-in the clock rate of the chip when the bar is shown and the plug-in wants to know.
+    void TellClockRate(int hertz) const;
+    std::function<void(int hertz)> clockRateEntry;  // the plug-in's; empty when it has none
 
     QSize sizeHint() const override { return {150, 150}; }
 

@@ -212,6 +212,8 @@ void CProjectCommands::ClockRateDialog() {
     SetProjectString("Settings", "ClockRate", std::to_string(dialog.Rate()));
     const bool debugging = CIDEApp::Get().session.IsOpen();
     Frame().SetStatusText(debugging ? kPaneClock + 1 : kPaneClock, ClockRateText(dialog.Rate()));
+    for (int slot = 0; slot < CPluginBar::kSlots; ++slot)
+        Frame().PluginBar(slot).TellClockRate(static_cast<int>(dialog.Rate()));
 }
 
 void CProjectCommands::ProjectOptions() {

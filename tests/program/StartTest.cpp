@@ -1,34 +1,11 @@
-#include <stdlib.h>
-
 #include <QMessageBox>
 #include <filesystem>
 
+#include "ProgramDirectory.h"
 #include "ProgramTest.h"
 #include "framework/Text.h"
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// A program directory with everything of the real one but `missing`.
-class ProgramDirectoryWithout {
-public:
-    ProgramDirectoryWithout(const CScratch &scratch, const std::string &missing)
-        : before_(getenv("THORNWELL_PROGRAM_DIR")) {
-        const fs::path directory = scratch.Path() / "bin";
-        fs::create_directories(directory);
-        for (const auto &entry : fs::directory_iterator(before_))
-            if (entry.path().filename() != missing)
-                fs::create_symlink(entry.path(), directory / entry.path().filename());
-        setenv("THORNWELL_PROGRAM_DIR", directory.c_str(), 1);
-    }
-    ~ProgramDirectoryWithout() { setenv("THORNWELL_PROGRAM_DIR", before_.c_str(), 1); }
-
-private:
-    std::string before_;
-};
-
-}  // namespace
 
 class StartTest : public ProgramTest {
 protected:
@@ -54,7 +31,7 @@ protected:
 };
 
 TEST_F(StartTest, EndsWithAFixedTextWithoutTheLanguageLibrary) {
-    const ProgramDirectoryWithout directory(scratch, "ide.lang.dll");
+    const CProgramDirectoryWithout directory(scratch, "ide.lang.dll");
     const Box box = StartWithBox();
     EXPECT_EQ(box.title, "Thornwell IDE startup error");
     EXPECT_EQ(box.text, "Can't load language DLL");
@@ -63,7 +40,7 @@ TEST_F(StartTest, EndsWithAFixedTextWithoutTheLanguageLibrary) {
 }
 
 TEST_F(StartTest, EndsWithALibraryTextWithoutTheEditingComponent) {
-    const ProgramDirectoryWithout directory(scratch, "SciLexer.dll");
+    const CProgramDirectoryWithout directory(scratch, "SciLexer.dll");
     const Box box = StartWithBox();
     EXPECT_EQ(box.title, Text(IDS_NO_LEXER_TITLE));
     EXPECT_EQ(box.text, Text(IDS_NO_LEXER));
@@ -74,7 +51,7 @@ TEST_F(StartTest, EndsWithALibraryTextWithoutTheEditingComponent) {
 
 TEST_F(StartTest, StartsAgainAfterAFailedStart) {
     {
-        const ProgramDirectoryWithout directory(scratch, "SciLexer.dll");
+        const CProgramDirectoryWithout directory(scratch, "SciLexer.dll");
         StartWithBox();
         End();
     }

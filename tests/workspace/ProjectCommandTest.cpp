@@ -1,8 +1,11 @@
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTimer>
 
 #include "WorkspaceProgram.h"
+#include "app/ClockRate.h"
 #include "framework/Text.h"
 #include "platform/Profile.h"
 #include "project/CurrentWorkspace.h"
@@ -139,13 +142,71 @@ TEST_F(ProjectCommands, TheOptionsShowTheHostsPagesAndKeepThem) {
         EXPECT_NE(file.find(line), std::string::npos) << file;
 }
 
-TEST(ClockRate, ReadsAsMegahertz) {
+TEST_F(ProjectCommands, TheClockRateIsKeptInTheProjectAndShown) {
+    EXPECT_FALSE(program.IsEnabled(ID_CLOCK_RATE));
+    ASSERT_TRUE(Open("blink/blink.__c"));
+    const auto enter = [this](const char *rate, const char *expectedStart) {
+        program.AnswerDialog([=](QWidget &dialog) {
+            auto *box = dialog.findChild<QComboBox *>();
+            QPushButton *ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+            EXPECT_EQ(box->currentText(), expectedStart);
+            box->setEditText("4.5 MHertz");
+            EXPECT_FALSE(ok->isEnabled());
+            box->setEditText(rate);
+            ok->click();
+        });
+        program.Command(ID_CLOCK_RATE);
+    };
+    enter("4 MHz", "4000000");
+    EXPECT_EQ(program.Frame().GetStatusText(kPaneClock), "4 MHz");
+    enter("3.6864 MHz", "4000000");
+    EXPECT_EQ(program.Frame().GetStatusText(kPaneClock), "3.68 MHz");
+    EXPECT_NE(scratch.Read("blink/blink.__c").find("ClockRate=3686400"), std::string::npos);
+    CPluginBar &plugin = program.Frame().PluginBar(3);
+    CPluginBar &hidden = program.Frame().PluginBar(4);
+    std::vector<int> told;
+    for (CPluginBar *bar : {&plugin, &hidden}) {
+        bar->Attach(new QWidget, "Lamp", 1);
+        bar->clockRateEntry = [&told](int hertz) { told.push_back(hertz); };
+    }
+    plugin.show();
+    hidden.hide();
+    enter("20000000", "3686400");
+    EXPECT_EQ(told, std::vector{20000000});
+    EXPECT_EQ(program.Frame().GetStatusText(kPaneClock), "20 MHz");
+}
+
+TEST(ClockRate, IsReadAndShownInItsUnits) {
     struct {
-        long rate;
-        const char *expected;
+        const char *text;
+        long rate;  // -1: refused
+        const char *exact, *shown;
     } const cases[] = {
-        {4000000, "4 MHz"}, {20000000, "20 MHz"}, {3686400, "3.68 MHz"}, {32768, "0.3 MHz"}, {0, "0 MHz"}};
-    for (const auto &c : cases) EXPECT_EQ(ClockRateText(c.rate), c.expected);
+        {"4000000", 4000000, "4 MHz", "4 MHz"},
+        {" 20 mhz ", 20000000, "20 MHz", "20 MHz"},
+        {"3,6864M", 3686400, "3.6864 MHz", "3.68 MHz"},
+        {"4.05 MHz", 4050000, "4.05 MHz", "4.5 MHz"},  // as the status bar has always written it
+        {"32.768 kHz", 32768, "32.768 kHz", "0.3 MHz"},
+        {"0", 0, "0 Hz", "0 MHz"},
+        {"999.0 Hz", 999, "999 Hz", "0.0 MHz"},
+        {"1000 MHz", 1000000000, "1000 MHz", "1000 MHz"},
+        {"1000000001", -1, "", ""},
+        {"99999999999999999999999", -1, "", ""},
+        {"1.5", -1, "", ""},
+        {"1.2.3 MHz", -1, "", ""},
+        {"-4 MHz", -1, "", ""},
+        {"MHz", -1, "", ""},
+        {". MHz", -1, "", ""},
+        {"4 MHz 5", -1, "", ""},
+        {"", -1, "", ""},
+    };
+    for (const auto &c : cases) {
+        const auto rate = ParseClockRate(c.text);
+        EXPECT_EQ(rate.value_or(-1), c.rate) << c.text;
+        if (!rate) continue;
+        EXPECT_EQ(ExactClockRate(*rate), c.exact);
+        EXPECT_EQ(ClockRateText(*rate), c.shown);
+    }
 }
 
 }  // namespace
