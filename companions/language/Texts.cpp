@@ -254,13 +254,9 @@ constexpr TextRow kTexts[] = {
     {IDS_PRINTING_PAGE, "Printing page %d of %d..."},
     {IDS_PRINTING_CANCEL, "Cancel"},
     {IDS_NO_PRINTER,
-     "There is no printer.
-
-Add one in the settings of your desktop, or print into a PDF file with File > Print."},
+     "There is no printer.\n\nAdd one in the settings of your desktop, or print into a PDF file with File > Print."},
     {IDS_PRINT_FAILED,
-     "The document can't be printed.
-
-Check the printer, the file that it is printed into, and the pages that you "
+     "The document can't be printed.\n\nCheck the printer, the file that it is printed into, and the pages that you "
      "asked for."},
     {IDS_PREVIEW_FAILED, "The pages can't be shown, because the printer doesn't tell the size of its paper."},
     {IDS_DIALOG_PREVIEW, "Print Preview"},
