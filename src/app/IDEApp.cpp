@@ -18,6 +18,7 @@
 #include "editor/EditorSettingsCommand.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/PageMarginsDlg.h"
 #include "framework/FileDialog.h"
 #include "framework/Icons.h"
 #include "framework/Language.h"
@@ -159,6 +160,7 @@ void CIDEApp::MapCommands() {
         ID_FILE_SAVE_ALL, [this] { SaveAllDocuments(false); },
         [this](CCmdUI &ui) { ui.Enable(std::ranges::any_of(GetDocuments(), &CDocument::IsModified)); });
     OnCommand(ID_EDITOR_SETTINGS, [] { RunEditorSettings(); });
+    OnCommand(ID_PAGE_MARGINS, [] { RunPageMargins(); });
     MapHelpCommands();
 }
 

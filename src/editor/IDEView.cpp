@@ -12,6 +12,7 @@
 #include "editor/IDEDoc.h"
 #include "editor/Keywords.h"
 #include "editor/TextSize.h"
+#include "editor/ViewPrint.h"
 #include "editor/ViewSetup.h"
 #include "framework/Language.h"
 #include "platform/FileText.h"

@@ -2,13 +2,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "editor/FileKind.h"
+#include "editor/PrintLayout.h"
 #include "editor/SciWindow.h"
 #include "framework/View.h"
 
 class CIDEDoc;
+class CViewPrint;
 
 // Lines and columns count from 0. Main thread.
 class CIDEView : public CView {
@@ -28,6 +31,11 @@ public:
     void OnInitialUpdate() override;
     void OnUpdate(CView *sender, intptr_t hint) override;  // applies the settings afresh
     bool OnCmdMsg(int id, CCmdUI *ui) override;            // what means the listing goes there
+
+    // As plain text in one font, whatever is folded or coloured.
+    void OnBeginPrinting(CPrintDC &dc, CPrintInfo &info) override;
+    void OnPrint(CPrintDC &dc, CPrintInfo &info) override;
+    void OnEndPrinting(CPrintDC &dc, CPrintInfo &info) override;
 
     void ApplyLexer(FileKind kind);
     void ApplySettings();     // the user's editor settings
@@ -75,6 +83,7 @@ protected:
 private:
     void MapCommands();
     void MapSearchCommands();
+    void MapPrintCommands();
     bool FillFromFile(const std::string &path);
     void FitToSize(std::string &bytes);
     void ShowText(const std::string &bytes);
@@ -98,6 +107,8 @@ private:
     void OpenCounterpart();
 
     CSciWindow sci_;
+    PrintMargins printMargins_;          // of the last printing
+    std::unique_ptr<CViewPrint> print_;  // while it prints
     bool holdsFile_ = false;
     bool shown_ = false;  // OnInitialUpdate is over
     bool plain_ = false;  // too large for colours

@@ -39,6 +39,7 @@ void CIDEView::MapCommands() {
               [this](CCmdUI &ui) { ui.Enable(!IsReadOnly() && Send(SCI_CANPASTE) != 0); });
     OnCommand(ID_EDIT_SELECT_ALL, send(SCI_SELECTALL));
     MapSearchCommands();
+    MapPrintCommands();
     OnCommand(ID_GOTO_LINE, [this] { GotoLine(); });
     OnCommand(ID_MATCH_BRACE, [this] { MatchBrace(); });
     OnCommand(ID_BOOKMARK_TOGGLE, [this] { ToggleBookmark(); });

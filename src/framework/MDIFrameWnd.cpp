@@ -287,9 +287,14 @@ void CMDIFrameWnd::SetTabs(bool on, bool top) {
     RefreshTabs();
 }
 
+void CMDIFrameWnd::HideTabs(bool hide) {
+    tabsHidden_ = hide;
+    RefreshTabs();
+}
+
 void CMDIFrameWnd::RefreshTabs() {
     tabs_->Refresh();
-    tabs_->setVisible(tabsOn_ && tabs_->count() > 0);
+    tabs_->setVisible(tabsOn_ && !tabsHidden_ && tabs_->count() > 0);
 }
 
 void CMDIFrameWnd::OnClientChanged() { RefreshTabs(); }

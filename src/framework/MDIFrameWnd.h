@@ -63,6 +63,7 @@ public:
     QMenu *createPopupMenu() override;  // on a right click beside a bar's content
 
     void SetTabs(bool on, bool top);
+    void HideTabs(bool hide);  // for a while, whatever the user set
     void Cascade();
     void Tile(Qt::Orientation rows);  // horizontal: one above the other
     static constexpr int kWindowListEntries = 9;
@@ -101,7 +102,7 @@ private:
     QPointer<QWidget> activeView_;  // the view that knows that it is active
     std::vector<std::pair<int, std::string>> accelerators_;  // command and keys
     bool composing_ = false;
-    bool tabsOn_ = true;
+    bool tabsOn_ = true, tabsHidden_ = false;
     QTimer *idle_;
     QElapsedTimer updatedByIdle_;
     bool restless_ = true;  // events came since the last pass over the tool bars
