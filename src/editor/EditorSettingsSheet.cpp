@@ -94,13 +94,18 @@ QWidget *CEditorSettingsSheet::MakeStrip() {
 void CEditorSettingsSheet::FillSample() {
     sample_.Send(SCI_SETSTYLEBITS, 4);
     sample_.Send(SCI_SETLEXER, SCLEX_CPP);
+    sample_.Send(SCI_USEPOPUP, 0);
+    sample_.Send(SCI_SETSCROLLWIDTH, 1);
+    sample_.Send(SCI_SETSCROLLWIDTHTRACKING, 1);
     sample_.SendText(SCI_SETKEYWORDS, 0, kSampleWords);
     sample_.SendText(SCI_SETTEXT, 0, kSampleText);
     ApplyToSample();
     sample_.Send(SCI_MARKERADD, kExecutionLine, kMarkerExecution);
     sample_.Send(SCI_SETSEL, kSelectionStart, kSelectionEnd);
     sample_.Send(SCI_SETREADONLY, 1);
-    sample_.Send(SCI_USEPOPUP, 0);
+    // The selection was scrolled to in a window that has no size yet.
+    sample_.Send(SCI_LINESCROLL, static_cast<uintptr_t>(-sample_.Send(SCI_GETLINEENDPOSITION, kExecutionLine)),
+                 -sample_.Send(SCI_GETLINECOUNT));
 }
 
 void CEditorSettingsSheet::ApplyToSample() const {

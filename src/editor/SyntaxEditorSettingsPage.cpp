@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int kRowsShown = 8;
-
 QString Word(int text) {
     return ToQString(LoadText(text));
 }
@@ -57,7 +55,7 @@ CSyntaxEditorSettingsPage::CSyntaxEditorSettingsPage(CEditorProperties &properti
         item->setData(Qt::UserRole, style.id);
     }
     rows_->setCurrentRow(0);
-    rows_->setMinimumHeight(kRowsShown * rows_->sizeHintForRow(0) + 2 * rows_->frameWidth());
+    rows_->setMinimumHeight(rows_->count() * rows_->sizeHintForRow(0) + 2 * rows_->frameWidth());
     connect(rows_, &QListWidget::currentRowChanged, this, [this] { ShowRow(); });
     auto *rowsLabel = new QLabel(Word(IDS_LABEL_STYLES));
     rowsLabel->setBuddy(rows_);

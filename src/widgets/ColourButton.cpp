@@ -25,8 +25,11 @@ CColourButton::CColourButton(const QString &moreText, QWidget *parent)
     connect(menu->addAction(moreText), &QAction::triggered, this, [this] { ChooseFromAll(); });
     connect(menu, &QMenu::aboutToShow, this, [this, menu, common] {
         palette_->SetCurrent(colour_);
-        // The menu clears its active entry after telling this.
-        QTimer::singleShot(0, menu, [menu, common] { menu->setActiveAction(common); });
+        // The menu clears its active entry and takes the focus after telling this.
+        QTimer::singleShot(0, menu, [this, menu, common] {
+            menu->setActiveAction(common);
+            palette_->setFocus(Qt::PopupFocusReason);
+        });
     });
     palette_->onPick = [this, menu](uint32_t colour) {
         menu->hide();
