@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "Component.h"
 #include "SettingsScratch.h"
 
 namespace {
 
 const char *const kSection = "UserColorScheme";
+constexpr unsigned SCI_STYLEGETSIZE = 2485;  // the program never asks
 
 }  // namespace
 
@@ -27,13 +30,12 @@ TEST(CEditorProperties, TakesMissingKeysAsBlackOnWhite) {
     const CSettingsScratch settings;
     WriteUserString(kSection, "Font", "Some Font");
     WriteUserInt(kSection, "TabSize", 0);
-    WriteUserInt(kSection, "FontSize", -4);
     WriteUserInt(kSection, "12_Back", 0x123456);
     CEditorProperties properties;
     properties.Load();
     EXPECT_EQ(properties.font, "Some Font");
     EXPECT_EQ(properties.tabSize, 1);
-    EXPECT_EQ(properties.fontSize, 1);
+    EXPECT_EQ(properties.fontSize, 10);
     EXPECT_EQ(properties.styles[0].textColour, 0u);
     EXPECT_EQ(properties.styles[9].backColour, 0xFFFFFFu);
     EXPECT_FALSE(properties.styles[13].noChange);
@@ -94,6 +96,46 @@ TEST(CEditorProperties, ColoursAWindow) {
     EXPECT_EQ(sci.Send(SCI_STYLEGETBACK, 12), 0xC0C0FF);
     EXPECT_EQ(sci.Send(SCI_GETTABWIDTH), 4);
     CEditorProperties().ApplyProperties(CSciWindow(), 1);  // no window: nothing to do
+}
+
+TEST(CEditorProperties, TakesAStoreGoneWrong) {
+    const struct {
+        int fontSize, tabSize;
+        intptr_t usedSize, usedTab;
+    } cases[] = {{-5, -1, 1, 1}, {100000, 1000000, 200, 64}, {INT_MIN, INT_MAX, 1, 64}, {12, 16, 12, 16}};
+    for (const auto &c : cases) {
+        const CSettingsScratch settings;
+        WriteUserString(kSection, "Font", std::string(5000, 'x'));
+        WriteUserInt(kSection, "FontSize", c.fontSize);
+        WriteUserInt(kSection, "TabSize", c.tabSize);
+        WriteUserInt(kSection, "11_Back", -1);
+        CEditorProperties properties;
+        properties.Load();
+        CTestComponent component;
+        properties.ClearStyles(component.sci);
+        properties.ApplyProperties(component.sci, 1);
+        EXPECT_EQ(component.sci.Send(SCI_STYLEGETSIZE, STYLE_DEFAULT), c.usedSize);
+        EXPECT_EQ(component.sci.Send(SCI_GETTABWIDTH), c.usedTab);
+        EXPECT_EQ(component.sci.Send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xFFFFFF);
+        EXPECT_FALSE(component.parent.grab().isNull());
+        EXPECT_TRUE(properties.Save());  // what was there stays, for whoever can use it
+        EXPECT_EQ(GetUserInt(kSection, "FontSize", 0), c.fontSize);
+        EXPECT_EQ(GetUserInt(kSection, "11_Back", 0), -1);
+    }
+}
+
+TEST(CEditorProperties, StylesThatNoRowSetsLookAsTheRest) {
+    CTestComponent component;
+    const CSciWindow &sci = component.sci;
+    CEditorProperties properties;
+    properties.fontSize = 23;
+    properties.styles[11].backColour = 0x123456;
+    properties.ClearStyles(sci);
+    properties.ApplyProperties(sci, 1);
+    for (const uintptr_t style : {8u, 13u, 18u}) EXPECT_EQ(sci.Send(SCI_STYLEGETBACK, style), 0x123456) << style;
+    for (const int style : {13, int{STYLE_LINENUMBER}, int{STYLE_BRACELIGHT}})
+        EXPECT_EQ(sci.Send(SCI_STYLEGETSIZE, static_cast<uintptr_t>(style)), 23) << style;
+    EXPECT_NE(sci.Send(SCI_STYLEGETBACK, STYLE_LINENUMBER), 0x123456);  // its text is black in every scheme
 }
 
 TEST(CEditorProperties, MakesRoomForLineNumbers) {
