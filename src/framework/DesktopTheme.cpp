@@ -145,6 +145,7 @@ CDesktopTheme::CDesktopTheme() {
 void CDesktopTheme::AskPortal() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");  // the slot's type has to be known by name
     bus.connect(kPortal, kPortalPath, kPortalSettings, "SettingChanged", this,
                 SLOT(OnSettingChanged(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(kPortal, kPortalPath, kPortalSettings, "Read");
