@@ -8,5 +8,6 @@ class CEditorProperties;
 
 inline constexpr std::array<const char *, 4> kColourSchemes = {"Default", "Borland", "Visual C++", "Midnight"};
 
-// Sets all rows, with their flags, and the line numbers. `scheme`: index into kColourSchemes; nothing happens beyond it.
+// Sets all rows, with their flags, and the line numbers. `scheme`: index into kColourSchemes; nothing happens beyond
+// it.
 void ApplyColourScheme(CEditorProperties &properties, size_t scheme);

@@ -53,7 +53,8 @@ void VisitFlags(Row &row, const std::string &prefix, Visit visit) {
 void ProvideFont(const QString &family) {
     if (QFontDatabase::hasFamily(family) || !QFont::substitutes(family).isEmpty()) return;
     if (QFontInfo(QFont(family)).fixedPitch()) return;
-    QFont::insertSubstitution(family, QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    // The desktop may name its font by an alias, which can't stand in for another.
+    QFont::insertSubstitution(family, QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).family());
 }
 
 // A colour as the component takes it: other bits than the three colours' can only come from a store gone wrong.

@@ -19,12 +19,11 @@
 namespace {
 
 constexpr int kSampleHeight = 170, kStripHeight = 180;  // pixels
-constexpr int kSampleLines = 3;                         // as many digits as the sample's line numbers are given room for
-constexpr int kExecutionLine = 6;                       // from 0
+constexpr int kSampleLines = 3;    // as many digits as the sample's line numbers are given room for
+constexpr int kExecutionLine = 6;  // from 0
 constexpr intptr_t kSelectionStart = 32, kSelectionEnd = 67;
 
-constexpr const char *kSampleWords =
-    "return if else for while continue break unsigned char short int long goto";
+constexpr const char *kSampleWords = "return if else for while continue break unsigned char short int long goto";
 constexpr const char *kSampleText =
     "/* Sample code */\n"
     "char ch, *p = \"Text\";\n"

@@ -85,7 +85,8 @@ TEST(ColourSchemes, FillTheWholeTable) {
             const CStyle &style = properties.styles[i];
             const auto other = expected.others.find(style.name);
             EXPECT_EQ((Colours{style.textColour, style.backColour}),
-                      other == expected.others.end() ? expected.most : other->second) << style.name;
+                      other == expected.others.end() ? expected.most : other->second)
+                << style.name;
             EXPECT_EQ(style.id, CEditorProperties().styles[i].id);
             EXPECT_EQ(style.bold, name == "Borland" && style.name == "Preprocessor") << style.name;
             EXPECT_FALSE(style.italic || style.underline || style.noChange) << style.name;

@@ -118,6 +118,7 @@ TEST(CEditorProperties, TakesAStoreGoneWrong) {
         EXPECT_EQ(component.sci.Send(SCI_GETTABWIDTH), c.usedTab);
         EXPECT_EQ(component.sci.Send(SCI_STYLEGETBACK, STYLE_DEFAULT), 0xFFFFFF);
         EXPECT_FALSE(component.parent.grab().isNull());
+        EXPECT_EQ(component.sci.SendText(SCI_TEXTWIDTH, 0, "iii"), component.sci.SendText(SCI_TEXTWIDTH, 0, "WWW"));
         EXPECT_TRUE(properties.Save());  // what was there stays, for whoever can use it
         EXPECT_EQ(GetUserInt(kSection, "FontSize", 0), c.fontSize);
         EXPECT_EQ(GetUserInt(kSection, "11_Back", 0), -1);

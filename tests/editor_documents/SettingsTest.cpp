@@ -57,7 +57,9 @@ void ChooseScheme(QWidget &sheet, const char *name) {
     EXPECT_EQ(schemes.currentText(), name);
 }
 
-QListWidget &Rows(QWidget &sheet) { return *sheet.findChild<QListWidget *>(); }
+QListWidget &Rows(QWidget &sheet) {
+    return *sheet.findChild<QListWidget *>();
+}
 
 void ShowRow(QWidget &sheet, const char *name) {
     sheet.findChild<QTabWidget *>()->setCurrentIndex(1);
@@ -68,7 +70,9 @@ bool WaitUntilHidden(QWidget &window) {
     return QTest::qWaitFor([&window] { return !window.isVisible(); });
 }
 
-CColourButton &Picker(QWidget &sheet, int which) { return *sheet.findChildren<CColourButton *>().value(which); }
+CColourButton &Picker(QWidget &sheet, int which) {
+    return *sheet.findChildren<CColourButton *>().value(which);
+}
 
 }  // namespace
 
@@ -197,9 +201,7 @@ TEST_F(EditorSettings, EachRowHasItsControls) {
 
 TEST_F(EditorSettings, FoldingThatGoesOffUnfolds) {
     CIDEView &view = ViewOf(Open("main.c", kText));
-    const auto toggle = [](CEditorSettingsSheet &sheet) {
-        QTest::keyClick(&Box(sheet, IDS_FOLDING), Qt::Key_Space);
-    };
+    const auto toggle = [](CEditorSettingsSheet &sheet) { QTest::keyClick(&Box(sheet, IDS_FOLDING), Qt::Key_Space); };
     InSheet(toggle, QDialogButtonBox::Ok);
     EXPECT_EQ(view.Send(SCI_GETMARGINWIDTHN, 2), 14);
     view.Send(SCI_COLOURISE, 0, -1);
