@@ -108,6 +108,8 @@ void CMainFrame::ShowDebugBars() {
     for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, registerBar_, watchBar_, listBar_, stackBar_})
         bar->show();
     for (CDockBar *bar : std::initializer_list<CDockBar *>{registerBar_, watchBar_, listBar_}) bar->raise();
+    resizeDocks({registerBar_, stackBar_}, {width() / 4, width() / 5}, Qt::Horizontal);
+    resizeDocks({registerBar_, watchBar_}, {height() / 2, height() / 4}, Qt::Vertical);
 }
 
 void CMainFrame::MapBarCommands() {

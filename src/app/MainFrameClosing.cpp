@@ -24,6 +24,8 @@ void CMainFrame::RestoreWindow() {
         resize(std::min(1200, room.width() * 9 / 10), std::min(800, room.height() * 9 / 10));
         move(room.center() - rect().center());
     }
+    // Once more, and for good, when the plug-ins' bars stand; by then the user has seen the window for a while.
+    if (HasBarState(kResetBars)) CMDIFrameWnd::LoadBarState(kEditBars);
     show();
 }
 

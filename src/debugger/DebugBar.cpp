@@ -12,6 +12,7 @@ CDebugBar::CDebugBar(int id, int title, QWidget *parent) : CDockBar(id, LoadText
     quiet->setAlignment(Qt::AlignCenter);
     quiet->setWordWrap(true);
     quiet->setEnabled(false);
+    quiet->setMinimumSize(fontMetrics().height() * 9, fontMetrics().height() * 4);
     quiet->setMargin(fontMetrics().height() / 2);
     setWidget(quiet);
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {

@@ -1,7 +1,7 @@
 #include "framework/DockBar.h"
 
 #include <QApplication>
-#include <QKeyEvent>
+#include <QShortcut>
 
 #include "framework/MDIFrameWnd.h"
 #include "framework/Text.h"
@@ -9,6 +9,11 @@
 CDockBar::CDockBar(int id, const std::string &title, QWidget *parent)
     : QDockWidget(ToQString(title), parent), id_(id) {
     setObjectName(QString("bar%1").arg(id, 4, 16, QChar('0')));
+    // An editor within the bar that is open takes the key for itself.
+    auto *back = new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(back, &QShortcut::activated, this, [this] {
+        if (Frame()) Frame()->FocusActiveView();
+    });
 }
 
 CMDIFrameWnd *CDockBar::Frame() const { return dynamic_cast<CMDIFrameWnd *>(parentWidget()); }
@@ -37,13 +42,6 @@ void CDockBar::FocusContent() {
         }
     }
     (place ? place : this)->setFocus(Qt::ShortcutFocusReason);
-}
-
-void CDockBar::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Escape && Frame())
-        Frame()->FocusActiveView();
-    else
-        QDockWidget::keyPressEvent(event);
 }
 
 void CDockBar::hideEvent(QHideEvent *event) {

@@ -7,6 +7,7 @@
 
 class CMDIFrameWnd;
 
+// Esc in a bar gives the focus back to the document.
 class CDockBar : public QDockWidget, public CWnd {
 public:
     // `id`: the child window's number, which names the bar in saved layouts.
@@ -20,8 +21,7 @@ public:
     void FocusContent();     // where the focus was last in the bar, else the first place that takes it
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;  // Esc: back to the document
-    void hideEvent(QHideEvent *event) override;     // a bar that goes doesn't keep the focus
+    void hideEvent(QHideEvent *event) override;  // a bar that goes doesn't keep the focus
 
 private:
     CMDIFrameWnd *Frame() const;  // null in a window of another kind

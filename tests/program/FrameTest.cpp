@@ -1,3 +1,4 @@
+#include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QMdiArea>
@@ -9,6 +10,7 @@
 #include "ProgramTest.h"
 #include "build/OutputBar.h"
 #include "editor/IDEDoc.h"
+#include "editor/IDEView.h"
 #include "framework/MDIChildWnd.h"
 #include "framework/MDITabs.h"
 #include "framework/Text.h"
@@ -25,16 +27,17 @@ protected:
     bool TabsAtTop() { return Tabs()->shape() == QTabBar::RoundedNorth && Tabs()->y() < Frame().Client()->y(); }
     bool TabsAtBottom() { return Tabs()->shape() == QTabBar::RoundedSouth && Tabs()->y() > Frame().Client()->y(); }
 
-    void Drop(const std::vector<std::string> &names) {
+    void Drop(const std::vector<std::string> &names, QWidget *target = nullptr) {
         QMimeData data;
         QList<QUrl> urls;
         for (const std::string &name : names) urls << QUrl::fromLocalFile(ToQString(scratch.Native(name)));
         data.setUrls(urls);
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&Frame(), &enter);
+        if (!target) target = &Frame();
+        QCoreApplication::sendEvent(target, &enter);
         EXPECT_TRUE(enter.isAccepted());
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&Frame(), &drop);
+        QCoreApplication::sendEvent(target, &drop);
         program->Settle();
     }
 };
@@ -204,6 +207,11 @@ TEST_F(FrameTest, OpensWhatIsDropped) {
     Start();
     Drop({"blink/main.asm", "blink/led.asm"});
     EXPECT_EQ(App().GetDocuments().size(), 2u);
+    auto *component = ViewOf(Open("blink/main.asm")).findChild<QAbstractScrollArea *>();
+    const std::string text = program->ActiveDocument()->GetText();
+    Drop({"blink/board.inc"}, component->viewport());
+    EXPECT_EQ(program->ActiveFile(), "board.inc") << "a file dropped on a source opens";
+    EXPECT_EQ(static_cast<CIDEDoc *>(App().FindOrOpenDocument(scratch.Windows("blink/main.asm"), false))->GetText(), text);
     Drop({"blink/blink.__c"});
     EXPECT_EQ(App().GetActiveProjectPath(), scratch.Windows("blink/blink.__c"));
     EXPECT_TRUE(App().GetDocuments().empty());

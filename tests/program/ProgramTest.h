@@ -46,9 +46,8 @@ protected:
     QMenu *OpenMenu(const std::string &title);  // as the user opens it: of the menu bar, or of one of its menus
     static std::vector<std::string> Texts(const QMenu *menu);
 
+    CUserStore Store() { return CUserStore(scratch.Native("config/ThornwellIDE/ThornwellIDE.db")); }
+
     CScratch scratch;
     std::unique_ptr<CProgram> program;
-
-private:
-    CUserStore Store() { return CUserStore(scratch.Native("config/ThornwellIDE/ThornwellIDE.db")); }
 };
