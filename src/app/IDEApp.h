@@ -19,6 +19,7 @@
 #include "editor/Abbreviations.h"
 #include "editor/EditorProperties.h"
 #include "editor/FileTracker.h"
+#include "editor/FindState.h"
 #include "editor/KeyMacro.h"
 #include "editor/SciLexer.h"
 #include "framework/WinApp.h"
@@ -74,12 +75,13 @@ public:
     void OpenRecentFile(size_t index);
     void OpenRecentWorkspace(size_t index);
 
-    static CIDEApp &Get();
     bool IsTipShown() const { return tipShown_; }  // the start-up ticks wait for its end
 
+    static CIDEApp &Get();
 
     CSciLexer lexer;
     CEditorProperties editorProperties;
+    CFindState find;
     CBookmarkList bookmarks;
     CBreakpointList breakpoints;
     CKeyMacro macro;
@@ -95,21 +97,21 @@ public:
     CWorkspaceController workspaces;
     boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();  // empty when none is open
     int childDisplayMode = 0;
-
-private:
     int32_t childMaximised = 0;  // whether a new source window opens maximised: as the last one was; not stored
     bool showSplash = true;  // a start shows what greets the user; set before InitInstance
+
+private:
     bool LoadLibraries();
     void AddTemplates();
     void TakeCommandLine();
     void OpenDocumentDialog();
     void MapCommands();
-
-    std::string commandLine_;
     void MapHelpCommands();
     void ShowTipOfTheDay();
+
+    std::string commandLine_;
     std::vector<std::string> startupFiles_;  // source files that the command line names
     std::unique_ptr<CMainFrame> frame_;
     std::mutex outputMutex_;
-};
     bool tipShown_ = false;
+};
