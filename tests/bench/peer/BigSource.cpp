@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int kCommentLines = 20;
+constexpr int kCommentLines = 14;
 
 void AppendComment(std::string &text) {
     text += "/*\n";

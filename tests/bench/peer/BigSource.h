@@ -4,6 +4,6 @@
 #include <cstddef>
 #include <string>
 
-// `size` bytes or a little more. Its first 20 lines are a comment that fills the width of a page; after it no line
+// `size` bytes or a little more. Its first 14 lines are a comment that fills the width of a page; after it no line
 // reaches a page's middle.
 std::string BigSource(size_t size);
