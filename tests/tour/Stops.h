@@ -1,0 +1,12 @@
+// The stops of the tour, in its order.
+#pragma once
+
+class CTour;
+
+void StartWithNothing(CTour &tour);
+void OpenBuildAndJump(CTour &tour);
+void WorkOnTwoProjects(CTour &tour);
+void EditSources(CTour &tour);
+void ChooseColours(CTour &tour);
+void ArrangeTheFrame(CTour &tour);
+void LookIntoTheMenus(CTour &tour);
