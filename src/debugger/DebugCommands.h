@@ -12,8 +12,9 @@ public:
     // with the reason in the build list, when there is no run.
     bool StartRun();
 
-private:
     static bool CanRunOn();  // a run command makes sense: with no run, or with its target standing still
+
+private:
     void MapStartCommands();
     void MapRunCommands();
 };

@@ -100,6 +100,7 @@ private:
     void MoveCaretForMenu(const QPoint &at);
 
     void ToggleBreakpoint();
+    void RunToCursor();
     void GotoBookmark(bool next);
     void GotoLine();
     void MatchBrace();

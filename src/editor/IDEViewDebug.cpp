@@ -56,6 +56,15 @@ void CIDEView::OnDebugToggleBreakpoint(intptr_t line, int change, int engineId) 
     breakpoints.Remove(file, static_cast<int>(line));
 }
 
+// A breakpoint for the time of the run stands where none of the user's does.
+void CIDEView::RunToCursor() {
+    CIDEApp &app = CIDEApp::Get();
+    const intptr_t line = CaretLine();
+    const bool marked = Send(SCI_MARKERGET, static_cast<uintptr_t>(line)) & (1 << kMarkerBreakpoint);
+    if (!marked) OnDebugToggleBreakpoint(line, kToggleBreakpoint);
+    if (!app.debugCommands.StartRun() && !marked) OnDebugToggleBreakpoint(line, kRemoveBreakpoint);
+}
+
 void CIDEView::ShowValueTip(const SciLexerNotification &notification) {
     if (!sci_ || !CIDEApp::Get().session.IsOpen() || notification.position < 0) return;
     if (!sci_.Widget()->rect().contains(notification.x, notification.y)) return;
