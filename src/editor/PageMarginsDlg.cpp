@@ -4,9 +4,10 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
@@ -53,6 +54,22 @@ public:
     }
 };
 
+QDoubleSpinBox *MakeMargin(double value) {
+    auto *box = new CMarginBox;
+    box->setDecimals(kDecimals);
+    box->setRange(0, kLargestMargin);
+    box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
+    box->setValue(value);
+    return box;
+}
+
+void AddLabelled(QGridLayout &layout, int row, int column, int label, QWidget *field) {
+    auto *words = new QLabel(Word(label));
+    words->setBuddy(field);
+    layout.addWidget(words, row, column);
+    layout.addWidget(field, row, column + 1);
+}
+
 }  // namespace
 
 CPageMarginsDlg::CPageMarginsDlg(QWidget *parent, const CPrintSettings &settings)
@@ -80,33 +97,20 @@ QGroupBox *CPageMarginsDlg::MakeMargins() {
     unit_->setPlaceholderText(ToQString(settings_.unit));
 
     auto *group = new QGroupBox(Word(IDS_GROUP_MARGINS));
-    auto *unitRow = new QFormLayout;
-    unitRow->addRow(Word(IDS_LABEL_UNIT), unit_);
-    auto *vertical = new QFormLayout;
-    top_ = AddMargin(*vertical, IDS_LABEL_MARGIN_TOP, settings_.top);
-    bottom_ = AddMargin(*vertical, IDS_LABEL_MARGIN_BOTTOM, settings_.bottom);
-    auto *horizontal = new QFormLayout;
-    left_ = AddMargin(*horizontal, IDS_LABEL_MARGIN_LEFT, settings_.left);
-    right_ = AddMargin(*horizontal, IDS_LABEL_MARGIN_RIGHT, settings_.right);
-
     auto *layout = new QGridLayout(group);
-    layout->addLayout(unitRow, 0, 0, 1, 2);
-    layout->addLayout(vertical, 1, 0);
-    layout->addLayout(horizontal, 1, 1);
-    layout->setHorizontalSpacing(18);
+    AddLabelled(*layout, 0, 0, IDS_LABEL_UNIT, unit_);
+    top_ = MakeMargin(settings_.top);
+    bottom_ = MakeMargin(settings_.bottom);
+    left_ = MakeMargin(settings_.left);
+    right_ = MakeMargin(settings_.right);
+    AddLabelled(*layout, 1, 0, IDS_LABEL_MARGIN_TOP, top_);
+    AddLabelled(*layout, 2, 0, IDS_LABEL_MARGIN_BOTTOM, bottom_);
+    AddLabelled(*layout, 1, 2, IDS_LABEL_MARGIN_LEFT, left_);
+    AddLabelled(*layout, 2, 2, IDS_LABEL_MARGIN_RIGHT, right_);
+    layout->setColumnStretch(1, 1);
+    layout->setColumnStretch(3, 1);
     return group;
 }
-
-QDoubleSpinBox *CPageMarginsDlg::AddMargin(QFormLayout &form, int label, double value) {
-    auto *box = new CMarginBox;
-    box->setDecimals(kDecimals);
-    box->setRange(0, kLargestMargin);
-    box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
-    box->setValue(value);
-    form.addRow(Word(label), box);
-    return box;
-}
-
 QGroupBox *CPageMarginsDlg::MakeLine(Line &line, int title, int menu, const std::string &text,
                                      PrintAlignment alignment) {
     line.text = new QLineEdit(ToQString(text));

@@ -10,10 +10,8 @@
 class QButtonGroup;
 class QComboBox;
 class QDoubleSpinBox;
-class QFormLayout;
 class QGroupBox;
 class QLineEdit;
-class QToolButton;
 
 class CPageMarginsDlg : public QDialog, public CCmdTarget {
 public:
@@ -30,7 +28,6 @@ private:
 
     QGroupBox *MakeMargins();
     QGroupBox *MakeLine(Line &line, int title, int menu, const std::string &text, PrintAlignment alignment);
-    QDoubleSpinBox *AddMargin(QFormLayout &form, int label, double value);
     void MapCodes();
 
     const CPrintSettings settings_;  // as they came

@@ -86,8 +86,8 @@ bool IsComplete(const QPrinter &printer) {
     QFile file(printer.outputFileName());
     constexpr qint64 kTail = 32;
     if (!file.open(QIODevice::ReadOnly)) return false;
-    file.seek(std::max<qint64>(0, file.size() - kTail));
-    return file.readAll().contains("%%EOF");
+    if (!file.isSequential()) file.seek(std::max<qint64>(0, file.size() - kTail));
+    return file.read(kTail).contains("%%EOF");
 }
 
 void TellInBox(QWidget *parent, const std::string &text) {
