@@ -48,7 +48,9 @@ CReplaceDlg::CReplaceDlg(QWidget *parent, CIDEView &view, const std::string &tex
     AddCloseButton();
 }
 
-CReplaceDlg::~CReplaceDlg() { ClearResult(); }
+CReplaceDlg::~CReplaceDlg() {
+    ClearResult();
+}
 
 void CReplaceDlg::accept() {
     ClearResult();

@@ -108,7 +108,9 @@ void CSearchDlg::AddCloseButton() {
     connect(AddButton(IDS_FIND_CLOSE), &QPushButton::clicked, this, &QDialog::reject);
 }
 
-std::string CSearchDlg::Text() const { return FromQString(text_->currentText()); }
+std::string CSearchDlg::Text() const {
+    return FromQString(text_->currentText());
+}
 
 CFindSettings CSearchDlg::Settings() const {
     CFindSettings settings;
@@ -130,7 +132,9 @@ bool CSearchDlg::Find() {
     return true;
 }
 
-void CSearchDlg::RememberText() { Remember(text_, CIDEApp::Get().find.findHistory); }
+void CSearchDlg::RememberText() {
+    Remember(text_, CIDEApp::Get().find.findHistory);
+}
 
 void CSearchDlg::Remember(QComboBox *field, CFindHistory &history) {
     history.Add(FromQString(field->currentText()));

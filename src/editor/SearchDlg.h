@@ -22,12 +22,12 @@ protected:
 
     // A field for one line of text with a list of earlier ones, below the rows that are there.
     QComboBox *AddTextRow(int label, const CFindHistory &history);
-    void AddOptions();                       // behind the text rows
-    QPushButton *AddButton(int text);        // from left to right; the first one is pressed by Enter
+    void AddOptions();                 // behind the text rows
+    QPushButton *AddButton(int text);  // from left to right; the first one is pressed by Enter
     void AddCloseButton();
 
     std::string Text() const;
-    CFindSettings Settings() const;          // as the controls show them
+    CFindSettings Settings() const;  // as the controls show them
 
     // Writes the settings, and if there is a text, selects its next hit in the view. False without a text.
     bool Find();

@@ -135,8 +135,8 @@ std::optional<intptr_t> CTextSearch::ReplaceAll(const std::string &replacement) 
     return count;
 }
 
-// The component answers a bad expression as it answers a miss. But only a good one lets it forget the groups of the search
-// before.
+// The component answers a bad expression as it answers a miss. But only a good one lets it forget the groups of the
+// search before.
 bool CTextSearch::IsBadExpression() const {
     if (!IsRegExp()) return false;
     const CTextSearch anyCharacter(sci_, "\\(.\\)", SCFIND_REGEXP);

@@ -17,23 +17,23 @@ struct TextRange {
 
 // One text and the way to look for it. It leaves the selection alone, but uses the component's target. Main thread.
 //
-// Hits don't overlap. Forward and backward give the same hits of a regular expression, those that a walk from each line's
-// start meets, so that none is left out or met twice.
+// Hits don't overlap. Forward and backward give the same hits of a regular expression, those that a walk from each
+// line's start meets, so that none is left out or met twice.
 class CTextSearch {
 public:
     // `text` isn't empty; `flags`: SCFIND_...
     CTextSearch(const CSciWindow &sci, std::string text, intptr_t flags);
 
-    // The nearest hit behind `last`, or before it; when there is none, the first one round the end of the text. An empty
-    // hit that is `last` itself counts only when there is no other. A default `last` begins at the text's start.
+    // The nearest hit behind `last`, or before it; when there is none, the first one round the end of the text. An
+    // empty hit that is `last` itself counts only when there is no other. A default `last` begins at the text's start.
     std::optional<TextRange> FindNext(const TextRange &last, bool reverse) const;
 
     // Replaces what stands in `range`. The length of the replacement; empty in a read-only window, which tells of the
     // attempt.
     std::optional<intptr_t> ReplaceRange(const TextRange &range, const std::string &replacement) const;
 
-    // Replaces every hit in one undo step, and puts the caret behind the last one. The count: 0 in a read-only window, as
-    // above; empty without a hit.
+    // Replaces every hit in one undo step, and puts the caret behind the last one. The count: 0 in a read-only window,
+    // as above; empty without a hit.
     std::optional<intptr_t> ReplaceAll(const std::string &replacement) const;
 
     // Whether the component can't read the regular expression, so that nothing is ever found.

@@ -1,5 +1,5 @@
-// The searches of the Edit menu in one view. They look for the program's current find text with the user's settings, and
-// tell in the build list or the status bar what they didn't find. Main thread.
+// The searches of the Edit menu in one view. They look for the program's current find text with the user's settings,
+// and tell in the build list or the status bar what they didn't find. Main thread.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@ class CIDEView;
 inline constexpr intptr_t kFindFromSelection = -1;
 inline constexpr intptr_t kFindFromStart = -2;
 
-// Selects the next hit, round the end of the text if need be. Its position; -1, and the selection as it was, when there is
-// none or no text to look for.
+// Selects the next hit, round the end of the text if need be. Its position; -1, and the selection as it was, when there
+// is none or no text to look for.
 intptr_t FindNext(CIDEView &view, bool reverse);
 
 // Makes `text` the current find text and selects its next hit. `position`: where the last hit was, or one of the values

@@ -15,7 +15,9 @@ std::vector<std::string> Items(const CHistoryCombo &box) {
     return items;
 }
 
-std::string Stored(const std::string &key) { return GetProfileStringA("Find", key, "-"); }
+std::string Stored(const std::string &key) {
+    return GetProfileStringA("Find", key, "-");
+}
 
 using Texts = std::vector<std::string>;
 

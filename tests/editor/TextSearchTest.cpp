@@ -135,8 +135,10 @@ TEST_F(TextSearch, LeavesAReadOnlyTextAndTellsOnce) {
 
 TEST_F(TextSearch, KnowsABadExpressionFromAMiss) {
     component.Fill("abc");
-    for (const char *bad : {"[a", "*a", "\\(a", "a\\)", "\\1", "^*"}) EXPECT_TRUE(For(bad, kRegExp).IsBadExpression()) << bad;
-    for (const char *good : {"zz", "^b", "[z]", "a", "c[^a]$"}) EXPECT_FALSE(For(good, kRegExp).IsBadExpression()) << good;
+    for (const char *bad : {"[a", "*a", "\\(a", "a\\)", "\\1", "^*"})
+        EXPECT_TRUE(For(bad, kRegExp).IsBadExpression()) << bad;
+    for (const char *good : {"zz", "^b", "[z]", "a", "c[^a]$"})
+        EXPECT_FALSE(For(good, kRegExp).IsBadExpression()) << good;
     EXPECT_FALSE(For("[a").IsBadExpression());
 }
 

@@ -36,7 +36,9 @@ protected:
         field.lineEdit()->selectAll();
         QTest::keyClicks(field.lineEdit(), text);
     }
-    static void Press(QWidget &window, int button) { QTest::keyClick(&ControlOf<QPushButton>(window, button), Qt::Key_Space); }
+    static void Press(QWidget &window, int button) {
+        QTest::keyClick(&ControlOf<QPushButton>(window, button), Qt::Key_Space);
+    }
 
     bool HasLine(const std::string &line) { return program.BuildText().find(line + "\n") != std::string::npos; }
 };
@@ -64,7 +66,9 @@ TEST_F(Search, FindsByTheDialogAndOnByKey) {
     const struct {
         int command;
         const char *selected;
-    } steps[] = {{ID_EDIT_FIND_NEXT, "4-7"},        {ID_EDIT_FIND_NEXT, "22-25"}, {ID_EDIT_FIND_PREVIOUS, "4-7"},
+    } steps[] = {{ID_EDIT_FIND_NEXT, "4-7"},
+                 {ID_EDIT_FIND_NEXT, "22-25"},
+                 {ID_EDIT_FIND_PREVIOUS, "4-7"},
                  {ID_EDIT_FIND_PREVIOUS, "22-25"}};
     for (const auto &step : steps) {
         program.Command(step.command);
