@@ -28,10 +28,76 @@ protected:
         return lines;
     }
 
+    bool IsHeader(intptr_t line) const {
+        return component.sci.Send(SCI_GETFOLDLEVEL, static_cast<uintptr_t>(line)) & SC_FOLDLEVELHEADERFLAG;
+    }
+    // One letter for each line: hidden, shown, or a header that is open or closed, capital when it is shown.
+    std::string State() const {
+        std::string state;
+        for (uintptr_t line = 0; line < 9; ++line) {
+            const bool visible = component.sci.Send(SCI_GETLINEVISIBLE, line);
+            const bool expanded = component.sci.Send(SCI_GETFOLDEXPANDED, line);
+            const char letter = !IsHeader(static_cast<intptr_t>(line)) ? '.' : expanded ? 'o' : 'c';
+            state += visible ? static_cast<char>(letter == '.' ? ',' : letter - 32) : letter;
+        }
+        return state;
+    }
+    void Close(unsigned headers) const {
+        component.sci.Send(SCI_SHOWLINES, 0, 8);
+        constexpr uintptr_t kHeaders[] = {0, 1, 5};
+        for (const uintptr_t header : kHeaders) component.sci.Send(SCI_SETFOLDEXPANDED, header, 1);
+        for (int i = 2; i >= 0; --i)
+            if (headers & 1u << i) component.sci.Send(SCI_TOGGLEFOLD, kHeaders[i]);
+    }
+
+    // The block's lines one by one, each with its own level: what a click has to come to, whatever was closed inside.
+    void Expand(intptr_t &line, bool expand, bool force, int levels, intptr_t level) const {
+        const auto send = [&](unsigned message, intptr_t first, intptr_t second = 0) {
+            return component.sci.Send(message, static_cast<uintptr_t>(first), second);
+        };
+        const intptr_t last = send(SCI_GETLASTCHILD, line, level & SC_FOLDLEVELNUMBERMASK);
+        for (++line; line <= last;) {
+            if (force || expand) send(!force || levels > 0 ? SCI_SHOWLINES : SCI_HIDELINES, line, line);
+            const intptr_t own = level == -1 ? send(SCI_GETFOLDLEVEL, line) : level;
+            if (!(own & SC_FOLDLEVELHEADERFLAG)) {
+                ++line;
+                continue;
+            }
+            if (force || expand) send(SCI_SETFOLDEXPANDED, line, !force || levels > 1);
+            Expand(line, expand, force, levels - 1, -1);
+        }
+    }
+
     CTestComponent component;
 };
 
 }  // namespace
+
+TEST_F(Folding, ComesToTheSameAsLineByLine) {
+    const auto level = [&] { return component.sci.Send(SCI_GETFOLDLEVEL, 0); };
+    for (unsigned closed = 0; closed < 8; ++closed) {
+        for (const int modifiers : {int{SCMOD_SHIFT}, int{SCMOD_CTRL}}) {
+            Close(closed);
+            const bool contract = modifiers == SCMOD_CTRL && component.sci.Send(SCI_GETFOLDEXPANDED, 0);
+            component.sci.Send(SCI_SETFOLDEXPANDED, 0, !contract);
+            intptr_t line = 0;
+            Expand(line, !contract, true, contract ? 0 : 100, level());
+            const std::string expected = State();
+            Close(closed);
+            FoldClick(component.sci, 0, modifiers);
+            EXPECT_EQ(State(), expected) << closed << ' ' << modifiers;
+        }
+        Close(closed | 1);
+        for (intptr_t line : {0, 5}) {
+            component.sci.Send(SCI_SETFOLDEXPANDED, static_cast<uintptr_t>(line), 1);
+            Expand(line, true, false, 0, component.sci.Send(SCI_GETFOLDLEVEL, static_cast<uintptr_t>(line)));
+        }
+        const std::string expected = State();
+        Close(closed | 1);
+        FoldAll(component.sci, false);
+        EXPECT_EQ(State(), expected) << closed;
+    }
+}
 
 TEST_F(Folding, TurnsAllBlocksByTheFirstOne) {
     FoldAll(component.sci, false);

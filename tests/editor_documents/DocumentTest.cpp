@@ -1,6 +1,4 @@
 // Documents and their files: opening, saving, the star.
-#include <sys/stat.h>
-
 #include "EditorProgram.h"
 
 TEST_F(EditorProgram, SavesAllBytesWithWindowsLineEnds) {
@@ -27,48 +25,6 @@ TEST_F(EditorProgram, SavesAllBytesWithWindowsLineEnds) {
     EXPECT_TRUE(program.App().fileTracker.IsFileArmed(scratch.Windows("a.c")));
 }
 
-TEST_F(EditorProgram, RefusesWhatIsNoReadableFile) {
-    std::filesystem::create_directory(scratch.Native("folder.c"));
-    ASSERT_EQ(mkfifo(scratch.Native("pipe.c").c_str(), 0600), 0);
-    for (const char *name : {"folder.c", "pipe.c", "missing.c"}) {
-        program.App().AddOutputLine(nullptr);
-        EXPECT_FALSE(Open(name)) << name;
-        EXPECT_NE(program.BuildText().find(scratch.Native(name)), std::string::npos) << program.BuildText();
-    }
-    EXPECT_TRUE(program.App().GetDocuments().empty());
-}
-
-TEST_F(EditorProgram, KeepsTheStarWhenItCannotWrite) {
-    CIDEDoc *document = Open("gone/a.c", "text\n");
-    ASSERT_TRUE(document);
-    program.Type("x");
-    std::filesystem::remove_all(scratch.Native("gone"));
-    program.App().fileTracker.UntrackFile(document->GetPathName());  // the tick would tell of it first
-    program.Answer(IDOK);
-    program.Command(ID_FILE_SAVE);
-    EXPECT_TRUE(document->IsModified());
-    EXPECT_TRUE(HasStar(document));
-    ASSERT_EQ(program.Boxes().size(), 1u);
-    EXPECT_NE(program.Boxes()[0].find(scratch.Native("gone/a.c")), std::string::npos) << program.Boxes()[0];
-
-    std::filesystem::create_directory(scratch.Native("gone"));
-    program.Command(ID_FILE_SAVE);
-    EXPECT_EQ(scratch.Read("gone/a.c"), "xtext\r\n");
-    EXPECT_FALSE(HasStar(document));
-}
-
-TEST_F(EditorProgram, ProtectsWhatLiesBehindAZeroByte) {
-    const std::string bytes("shown\0hidden", 12);
-    CIDEDoc *document = Open("a.c", bytes);
-    ASSERT_TRUE(document);
-    EXPECT_EQ(document->GetText(), "shown");
-    program.Type("x");
-    EXPECT_EQ(document->GetText(), "shown");
-    EXPECT_FALSE(document->IsModified());
-    EXPECT_NE(program.BuildText().find(scratch.Native("a.c")), std::string::npos);
-    EXPECT_EQ(scratch.Read("a.c"), bytes);
-}
-
 TEST_F(EditorProgram, GivesANewDocumentANameAndColours) {
     program.Command(ID_FILE_NEW);
     CIDEDoc *document = program.ActiveDocument();
@@ -89,4 +45,40 @@ TEST_F(EditorProgram, GivesANewDocumentANameAndColours) {
     program.AnswerFiles({});
     program.Command(ID_FILE_SAVE_AS);
     EXPECT_EQ(document->GetPathName(), scratch.Windows("new.asm"));
+}
+
+TEST_F(EditorProgram, BeginsWithTheToolsuitesBoilerPlate) {
+    scratch.CopyExample("blink");
+    ASSERT_TRUE(program.App().OpenWorkspace(scratch.Windows("blink/blink.__c").c_str(), false));
+    program.Command(ID_FILE_NEW);
+    CIDEDoc *document = program.ActiveDocument();
+    ASSERT_TRUE(document);
+    EXPECT_TRUE(document->GetPathName().empty());
+    EXPECT_NE(document->GetText().find("retfie"), std::string::npos);
+    EXPECT_EQ(ViewOf(document).Send(SCI_GETCURRENTPOS), ViewOf(document).Send(SCI_GETLENGTH));
+    EXPECT_FALSE(document->IsModified());
+    EXPECT_FALSE(program.IsEnabled(ID_EDIT_UNDO));
+
+    // What it gives assembles as it stands.
+    program.AnswerFiles({scratch.Native("plate.asm")});
+    program.Command(ID_FILE_SAVE_AS);
+    const std::string command = "cd " + scratch.Native() + " && gpasm -q -c -p 16f628a plate.asm > plate.log 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0) << scratch.Read("plate.log");
+}
+
+TEST_F(EditorProgram, OpensAFileOnceUnderAnyName) {
+    const std::string longest = std::string(251, 'n') + ".asm";
+    for (const std::string &name : {std::string("with blanks (1).c"), std::string("gr\xC3\xBC\xC3\x9F.c"), longest}) {
+        CIDEDoc *document = Open(name, "text\n");
+        ASSERT_TRUE(document) << name;
+        program.Type("x");
+        program.Command(ID_FILE_SAVE);
+        EXPECT_EQ(scratch.Read(name), "xtext\r\n") << name;
+    }
+    CIDEDoc *document = Open("sub/a.c", "text\n");
+    for (const char *name : {"sub/../sub/./a.c", "sub//a.c", "SUB/A.C"}) EXPECT_EQ(Open(name), document) << name;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(scratch.Native("sub"));
+    EXPECT_EQ(program.App().OpenDocumentFile("a.c"), document);
+    std::filesystem::current_path(before);
 }

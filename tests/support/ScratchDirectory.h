@@ -19,7 +19,7 @@ public:
         namespace fs = std::filesystem;
         std::error_code ignored;  // a test may have taken its directories' permissions away
         for (auto it = fs::recursive_directory_iterator(path_, ignored); it != fs::recursive_directory_iterator(); ++it)
-            if (it->is_directory() && !it->is_symlink()) fs::permissions(it->path(), fs::perms::owner_all, ignored);
+            if (!it->is_symlink(ignored) && it->is_directory(ignored)) fs::permissions(it->path(), fs::perms::owner_all, ignored);
         fs::remove_all(path_, ignored);
     }
     CScratchDirectory(const CScratchDirectory &) = delete;
