@@ -63,11 +63,11 @@ QDoubleSpinBox *MakeMargin(double value) {
     return box;
 }
 
-void AddLabelled(QGridLayout &layout, int row, int column, int label, QWidget *field) {
+void AddLabelled(QGridLayout &layout, int row, int column, int label, QWidget *field, int columns = 1) {
     auto *words = new QLabel(Word(label));
     words->setBuddy(field);
     layout.addWidget(words, row, column);
-    layout.addWidget(field, row, column + 1);
+    layout.addWidget(field, row, column + 1, 1, columns);
 }
 
 }  // namespace
@@ -98,7 +98,7 @@ QGroupBox *CPageMarginsDlg::MakeMargins() {
 
     auto *group = new QGroupBox(Word(IDS_GROUP_MARGINS));
     auto *layout = new QGridLayout(group);
-    AddLabelled(*layout, 0, 0, IDS_LABEL_UNIT, unit_);
+    AddLabelled(*layout, 0, 0, IDS_LABEL_UNIT, unit_, 3);
     top_ = MakeMargin(settings_.top);
     bottom_ = MakeMargin(settings_.bottom);
     left_ = MakeMargin(settings_.left);

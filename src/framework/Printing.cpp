@@ -1,7 +1,9 @@
 #include "framework/Printing.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -43,12 +45,19 @@ void KeepSetup(const QPrinter &printer) {
     Last().page = printer.pageLayout();
 }
 
-// The default name of a file that is printed into.
 QString NameOf(const CView &view) {
     const CDocument *document = view.GetDocument();
     if (!document) return {};
     const QString path = ToQString(DisplayPath(document->GetPathName()));
-    return path.isEmpty() ? ToQString(document->GetTitle()) : path.mid(path.lastIndexOf('/') + 1);
+    return path.isEmpty() ? ToQString(document->GetTitle()) : QFileInfo(path).fileName();
+}
+
+// Where a document is printed to when there is no printer: beside its own file.
+QString SuggestedFile(const CView &view) {
+    const CDocument *document = view.GetDocument();
+    const QString path = document ? ToQString(DisplayPath(document->GetPathName())) : QString();
+    const QString directory = path.isEmpty() ? QDir::homePath() : QFileInfo(path).path();
+    return directory + '/' + NameOf(view) + ".pdf";
 }
 
 // In the order in which they leave the printer.
@@ -129,6 +138,7 @@ bool CView::OnPreparePrinting(CPrintInfo &info) {
 
 bool CView::DoPreparePrinting(CPrintInfo &info) {
     if (info.direct || info.preview) return true;
+    if (info.printer.outputFormat() == QPrinter::PdfFormat) info.printer.setOutputFileName(SuggestedFile(*this));
     QPrintDialog dialog(&info.printer, window());
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                       QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintShowPageSize);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kMenus[] = {IDR_MAINFRAME,           IDR_OUTPUT_MENU,         IDR_WORKSPACE_MENU_PROJECT,
                           IDR_WORKSPACE_MENU_FILE, IDR_WORKSPACE_MENU_ROOT, IDR_TAB_MENU,
-                          IDR_BUILD_MENU,          IDR_BAR_MENU};
+                          IDR_BUILD_MENU,          IDR_BAR_MENU,            IDR_HEADER_MENU,         IDR_FOOTER_MENU};
 
 bool IsSeparator(const LangMenuEntry &entry) {
     return entry.command == 0 && entry.text == nullptr;
