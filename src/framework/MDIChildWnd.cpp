@@ -39,7 +39,11 @@ bool CMDIChildWnd::OnCmdMsg(int id, CCmdUI *ui) {
 void CMDIChildWnd::DestroyWithoutQuestion() {
     leaving_ = true;
     auto *frame = dynamic_cast<CMDIFrameWnd *>(window());
+    const bool maximised = isMaximized();
     if (mdiArea()) mdiArea()->removeSubWindow(this);
+    // The window that comes to light takes the room of this one.
+    CMDIChildWnd *next = frame ? frame->MDIGetActive() : nullptr;
+    if (maximised && next && !next->isMaximized() && !next->isMinimized()) next->showMaximized();
     hide();
     delete std::exchange(view_, nullptr);  // while its document still stands
     deleteLater();
