@@ -167,6 +167,19 @@ constexpr TextRow kTexts[] = {
     {IDS_DEBUG_ADVICE_FIFTH, "- End other programs that simulate the same image."},
     {IDS_DEBUG_ADVICE_LAST, "- Start the program again."},
 
+    // Keyboard macros
+    {IDS_MACRO_NOT_RECORDING, "&Record"},
+    {IDS_MACRO_RECORDING, "End &Recording"},
+    {IDS_MACRO_NAME_EMPTY, "!E: A macro can't be saved without a name."},
+    {IDS_MACRO_NAME_TAKEN, "!E: A macro of the name '%s' is there already. Nothing was saved."},
+    {IDS_MACROS_FULL, "!E: There are %d macros already. Delete one to save another."},
+    {IDS_DIALOG_MACRO_NAME, "Save Macro"},
+    {IDS_LABEL_MACRO_NAME, "&Name:"},
+    {IDS_DIALOG_MACROS, "Manage Macros"},
+    {IDS_LABEL_MACROS, "&Saved macros:"},
+    {IDS_MACRO_DELETE, "&Delete"},
+    {IDS_MACRO_DELETE_ALL, "Delete &All"},
+
     // Titles and labels of windows
     {IDS_BAR_WORKSPACE, "Workspace"},
     {IDS_BAR_OUTPUT, "Output"},

@@ -84,6 +84,9 @@ public:
     // The layout of the first run is saved once only, and stands in where another can't be loaded.
     void SaveBarState(const std::string &name) override;
     bool LoadBarState(const std::string &name) override;
+    bool IsRecording() const { return recording_; }  // a macro; also while that is paused
+    bool IsMacroBarShown() const;
+
     void EnterDebugLayout();  // at the start of a debug run
     void LeaveDebugLayout();  // at its end; nothing without one
 
@@ -103,7 +106,6 @@ protected:
 
 private:
     static constexpr int kMaxToolSteps = 48;
-    static constexpr int kMaxUserMacros = 64;
 
     // Start
     void MapMessages();
@@ -130,6 +132,13 @@ private:
     void ApplyTabSettings();
     void ActivateNeighbour(int step);
     void ShowWindowsDialog();
+
+    // Macros
+    void MapMacroCommands();
+    void StartRecording();
+    void StopRecording();
+    void SaveMacro();
+    void ManageMacros();
 
     // Menus that change
     void RemoveManuals();
@@ -178,6 +187,7 @@ private:
     bool pluginsReady_ = false;
     bool debugLayout_ = false;
     bool closing_ = false;
+    bool recording_ = false;
     bool created_ = false, destroyed_ = false;
     bool tabsOn_ = true, tabsTop_ = true;
     CMDIChildWnd *tabMenuChild_ = nullptr;  // whose tab's menu is open

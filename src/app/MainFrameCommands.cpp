@@ -28,6 +28,7 @@ void CMainFrame::MapCommands() {
     OnCommand(ID_APP_EXIT, [this] { close(); });
     MapTabCommands();
     MapWindowCommands();
+    MapMacroCommands();
 }
 
 void CMainFrame::MapTabCommands() {

@@ -6,8 +6,8 @@
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
-#include "app/Settings.h"
 #include "app/StringIds.h"
+#include "editor/UserMacros.h"
 #include "framework/Icons.h"
 #include "framework/Language.h"
 #include "framework/RecentList.h"
@@ -64,11 +64,11 @@ void CMainFrame::FillMacroMenu() {
     QMenu *menu = FindChangingMenu(IDS_MENU_MACRO, 1, 2);
     if (!menu) return;
     for (QAction *entry : menu->actions().mid(kMacroMenuEntries)) RemoveEntry(menu, entry);
-    const int count = std::min(GetUserInt("UsrMacro", "Count", 0), kMaxUserMacros);
-    if (count <= 0) return;
+    const int count = UserMacroCount();
+    if (count == 0) return;
     menu->addSeparator();
     for (int macro = 0; macro < count; ++macro) {
-        const std::string name = GetUserString("UsrMacro\\" + std::to_string(macro), "Name", "");
+        const std::string name = UserMacroName(macro);
         if (!name.empty()) menu->addAction(MakeCommandAction(ID_USER_MACROS + macro, MenuText(name), menu));
     }
 }

@@ -112,6 +112,19 @@ enum StringId : int {
     IDS_DEBUG_ADVICE_FIFTH = 856,
     IDS_DEBUG_ADVICE_LAST = 857,
 
+    // Keyboard macros
+    IDS_MACRO_NOT_RECORDING = 880,        // menu text of the record command
+    IDS_MACRO_RECORDING = 881,            // the same during a recording
+    IDS_MACRO_NAME_EMPTY = 882,           // build list
+    IDS_MACRO_NAME_TAKEN = 883,           // %s; build list
+    IDS_MACROS_FULL = 884,                // %d how many there can be; build list
+    IDS_DIALOG_MACRO_NAME = 885,
+    IDS_LABEL_MACRO_NAME = 886,
+    IDS_DIALOG_MACROS = 887,
+    IDS_LABEL_MACROS = 888,
+    IDS_MACRO_DELETE = 889,
+    IDS_MACRO_DELETE_ALL = 890,
+
     // Titles and labels of windows
     IDS_BAR_WORKSPACE = 600,
     IDS_BAR_OUTPUT = 601,

@@ -106,6 +106,7 @@ void CIDEView::OnInitialUpdate() {
     SetUpCaret(sci_);
     LoadFileIntoView();
     if (CIDEApp::Get().session.IsOpen()) Send(SCI_SETREADONLY, 1);
+    JoinRecording();
     SetUpFolding(sci_);
     Send(SCI_SETMARGINWIDTHN, 2, CIDEApp::Get().editorProperties.FoldsIn(sci_) ? kFoldMarginWidth : 0);
     GetIDEDoc()->SetModifiedMark(false);

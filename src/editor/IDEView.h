@@ -84,6 +84,8 @@ private:
     void MapCommands();
     void MapSearchCommands();
     void MapPrintCommands();
+    void MapMacroCommands();
+    void JoinRecording();
     bool FillFromFile(const std::string &path);
     void FitToSize(std::string &bytes);
     void ShowText(const std::string &bytes);
@@ -117,3 +119,6 @@ private:
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };
+
+// Switches the recording of a macro on or off in the views of all documents.
+void StartRecordingAllViews(bool on);

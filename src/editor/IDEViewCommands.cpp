@@ -40,6 +40,7 @@ void CIDEView::MapCommands() {
     OnCommand(ID_EDIT_SELECT_ALL, send(SCI_SELECTALL));
     MapSearchCommands();
     MapPrintCommands();
+    MapMacroCommands();
     OnCommand(ID_GOTO_LINE, [this] { GotoLine(); });
     OnCommand(ID_MATCH_BRACE, [this] { MatchBrace(); });
     OnCommand(ID_BOOKMARK_TOGGLE, [this] { ToggleBookmark(); });
