@@ -37,8 +37,10 @@ void PrintMargins::Take(const CPrintSettings &settings, const PrintFigures &figu
 
 CPrintLayout::CPrintLayout(const CPrintSettings &settings, const PrintMargins &margins, const PrintFigures &figures,
                            int fontSize, int screenPixels)
-    : margins_(margins), pageWidth_(ToPixels(figures.logPixelsX * figures.horzSize / kMmPerInch)),
-      pageHeight_(ToPixels(figures.logPixelsY * figures.vertSize / kMmPerInch)), header_(!settings.header.empty()),
+    : margins_(margins),
+      pageWidth_(ToPixels(figures.logPixelsX * figures.horzSize / kMmPerInch)),
+      pageHeight_(ToPixels(figures.logPixelsY * figures.vertSize / kMmPerInch)),
+      header_(!settings.header.empty()),
       footer_(!settings.footer.empty()),
       scale_(static_cast<float>(figures.logPixelsY) / static_cast<float>(std::max(1, screenPixels))),
       fontHeight_(std::max(1, static_cast<int>(static_cast<float>(fontSize) * scale_))),

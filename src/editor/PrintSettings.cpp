@@ -57,8 +57,9 @@ CPrintSettings CPrintSettings::Load() {
 bool CPrintSettings::Store() const {
     bool stored = WriteUserString(kSection, "Unit", unit);
     const std::pair<const char *, std::string> texts[] = {
-        {"Top", MarginText(top)},     {"Bottom", MarginText(bottom)}, {"Left", MarginText(left)},
-        {"Right", MarginText(right)}, {"Header", header},             {"Footer", footer},
+        {"Top", MarginText(top)},   {"Bottom", MarginText(bottom)},
+        {"Left", MarginText(left)}, {"Right", MarginText(right)},
+        {"Header", header},         {"Footer", footer},
     };
     for (const auto &[key, text] : texts) stored = WriteUserString(kSection, key, text) && stored;
     stored = WriteUserInt(kSection, "HAlignment", static_cast<int>(headerAlignment)) && stored;

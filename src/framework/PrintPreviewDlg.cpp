@@ -101,8 +101,8 @@ CPrintPreviewDlg::CPrintPreviewDlg(QWidget *parent, CPrintSession &session, cons
     auto *bar = new QHBoxLayout;
     bar->addWidget(MakeButton("print", texts.print, QKeySequence::Print, [this] { done(kPrint); }));
     bar->addSpacing(12);
-    bar->addWidget(previous_ = MakeButton("page-previous", texts.previous, Qt::Key_PageUp,
-                                          [this] { ShowPage(Page() - 1); }));
+    bar->addWidget(previous_ =
+                       MakeButton("page-previous", texts.previous, Qt::Key_PageUp, [this] { ShowPage(Page() - 1); }));
     bar->addWidget(next_ = MakeButton("page-next", texts.next, Qt::Key_PageDown, [this] { ShowPage(Page() + 1); }));
     bar->addWidget(label);
     bar->addWidget(page_);

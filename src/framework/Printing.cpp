@@ -107,7 +107,8 @@ void TellInBox(QWidget *parent, const std::string &text) {
 class CPrintProgress {
 public:
     CPrintProgress(QWidget *parent, const PrintTexts &texts, size_t pages)
-        : text_(texts.progress), pages_(std::to_string(pages)),
+        : text_(texts.progress),
+          pages_(std::to_string(pages)),
           dialog_(Label(pages), ToQString(texts.cancel), 0, static_cast<int>(pages), parent) {
         dialog_.setWindowTitle(ToQString(CWinApp::Get()->BoxTitle()));
         dialog_.setWindowModality(Qt::WindowModal);

@@ -20,14 +20,15 @@ struct CPrintInfo {
     explicit CPrintInfo(QPrinter &target) : printer(target) {}
 
     QPrinter &printer;
-    bool direct = false;           // on the last printer, without a question
+    bool direct = false;  // on the last printer, without a question
     bool preview = false;
     int maxPage = 1;               // OnBeginPrinting sets it
     int curPage = 1;               // that OnPrint draws
     bool continuePrinting = true;  // cleared by a view that ends early
 };
 
-// The view's side of one printing: OnBeginPrinting at its making, OnEndPrinting when it goes, whatever happened between.
+// The view's side of one printing: OnBeginPrinting at its making, OnEndPrinting when it goes, whatever happened
+// between.
 class CPrintSession {
 public:
     CPrintSession(CView &view, CPrintInfo &info);

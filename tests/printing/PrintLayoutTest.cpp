@@ -30,9 +30,10 @@ TEST(PrintMargins, ConvertByTheirUnit) {
         double margin;
         int across, down;
     } cases[] = {
-        {"mm", 25.4, 300, 600},  {"MM", 10, 118, 236},     {"inches", 1.5, 450, 900},
-        {"Pixels", 77.9, 77, 77}, {"cubits", 9, 77, 77},   // stays as it was
-        {"inches", -3, 0, 0},     {"mm", 1e300, 100000000, 100000000},
+        {"mm", 25.4, 300, 600},    {"MM", 10, 118, 236},
+        {"inches", 1.5, 450, 900}, {"Pixels", 77.9, 77, 77},
+        {"cubits", 9, 77, 77},  // stays as it was
+        {"inches", -3, 0, 0},      {"mm", 1e300, 100000000, 100000000},
     };
     PrintMargins margins;
     for (const auto &c : cases) {

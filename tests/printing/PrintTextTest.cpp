@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 #include "editor/PrintSettings.h"
 
 TEST(PrintText, ExpandsTheCodesOfHeaders) {
+    std::setlocale(LC_TIME, "C");
     std::tm now{};
     now.tm_year = 126;
     now.tm_mon = 10;
@@ -42,7 +45,7 @@ TEST(PrintSettings, TakeTheNumberThatAMarginBeginsWith) {
     const struct {
         const char *text;
         double expected;
-    } cases[] = {{"1.5", 1.5}, {" +2", 2}, {"0,5", 0}, {"-1", -1}, {"3cm", 3}, {"x", 0}, {"", 0}, {"inf", 0}, {"nan", 0},
-                 {"1e999", 0}};
+    } cases[] = {{"1.5", 1.5}, {" +2", 2}, {"0,5", 0}, {"-1", -1}, {"3cm", 3},
+                 {"x", 0},     {"", 0},    {"inf", 0}, {"nan", 0}, {"1e999", 0}};
     for (const auto &c : cases) EXPECT_EQ(ParseMargin(c.text), c.expected) << c.text;
 }

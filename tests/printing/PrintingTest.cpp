@@ -60,21 +60,21 @@ protected:
         return false;
     }
 
-    // Prints with the command, into a PDF file of the scratch directory.
-    void PrintToFile(const std::string &name) {
-        program.AnswerDialog([this, name](QWidget &window) {
+    // For the print dialog to come: into this PDF file.
+    void AnswerPdf(const std::string &path) {
+        program.AnswerDialog([path](QWidget &window) {
             auto &dialog = dynamic_cast<QPrintDialog &>(window);
             dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
-            dialog.printer()->setOutputFileName(ToQString(scratch.Native(name)));
+            dialog.printer()->setOutputFileName(ToQString(path));
             dialog.printer()->setPageSize(QPageSize(QPageSize::A4));
             dialog.done(QDialog::Accepted);
         });
-        program.Command(ID_FILE_PRINT);
     }
     size_t PagesIn(const std::string &name) {
         const std::string pdf = scratch.Read(name);
         size_t count = 0;
-        for (size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1)) ++count;
+        for (size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1))
+            ++count;
         return count;
     }
 
@@ -126,26 +126,23 @@ TEST_F(Printing, DrawsHeaderBodyAndFooterOfEachPage) {
 
 TEST_F(Printing, BringsAllLinesToThePaper) {
     Open(Lines(154));  // two pages of 77 lines, were there no header and footer
-    PrintToFile("a.pdf");
+    AnswerPdf(scratch.Native("a.pdf"));
+    program.Command(ID_FILE_PRINT);
     EXPECT_EQ(PagesIn("a.pdf"), 3u);
     WriteUserString("Margins", "Header", "");
     WriteUserString("Margins", "Footer", "");
-    PrintToFile("a.pdf");  // reads the settings anew
+    AnswerPdf(scratch.Native("a.pdf"));
+    program.Command(ID_FILE_PRINT);  // reads the settings anew
     EXPECT_EQ(PagesIn("a.pdf"), 2u);
 }
 
 TEST_F(Printing, TellsAFileThatCantBeWritten) {
     Open(Lines(5));
-    for (const char *name : {"no such folder/a.pdf", "/dev/full"}) {
-        program.AnswerDialog([this, name](QWidget &window) {
-            auto &dialog = dynamic_cast<QPrintDialog &>(window);
-            dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
-            dialog.printer()->setOutputFileName(*name == '/' ? name : ToQString(scratch.Native(name)));
-            dialog.done(QDialog::Accepted);
-        });
+    for (const std::string &path : {scratch.Native("no such folder/a.pdf"), std::string("/dev/full")}) {
+        AnswerPdf(path);
         program.Answer(IDOK);
         program.Command(ID_FILE_PRINT);
-        EXPECT_EQ(program.Boxes().back(), LoadText(IDS_PRINT_FAILED)) << name;
+        EXPECT_EQ(program.Boxes().back(), LoadText(IDS_PRINT_FAILED)) << path;
     }
 }
 
@@ -153,12 +150,7 @@ TEST_F(Printing, OfALongTextCanBeCancelled) {
     Open(Lines(200000));
     bool ticked = false;
     QTimer::singleShot(0, &program.Frame(), [&ticked] { ticked = true; });
-    program.AnswerDialog([this](QWidget &window) {
-        auto &dialog = dynamic_cast<QPrintDialog &>(window);
-        dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
-        dialog.printer()->setOutputFileName(ToQString(scratch.Native("long.pdf")));
-        dialog.done(QDialog::Accepted);
-    });
+    AnswerPdf(scratch.Native("long.pdf"));
     program.AnswerDialog([this](QWidget &window) {
         EXPECT_FALSE(TabsShow());
         dynamic_cast<QProgressDialog &>(window).cancel();
@@ -223,9 +215,9 @@ TEST_F(Printing, TakesThePageSetupOfTheUser) {
     inDialog(edit, QDialogButtonBox::Cancel);
     EXPECT_FALSE(HasUserSection("Margins"));
     inDialog(edit, QDialogButtonBox::Ok);
-    const std::pair<const char *, const char *> texts[] = {{"Unit", "mm"},         {"Top", "0.250000"},  {"Bottom", "1.250000"},
-                                                           {"Left", "2.250000"},   {"Right", "3.250000"}, {"Header", "&F&P"},
-                                                           {"Footer", "&P&T"}};
+    const std::pair<const char *, const char *> texts[] = {
+        {"Unit", "mm"},        {"Top", "0.250000"}, {"Bottom", "1.250000"}, {"Left", "2.250000"},
+        {"Right", "3.250000"}, {"Header", "&F&P"},  {"Footer", "&P&T"}};
     for (const auto &[key, value] : texts) EXPECT_EQ(GetUserString("Margins", key, "missing"), value) << key;
     EXPECT_EQ(GetUserInt("Margins", "HAlignment", -1), 2);
     EXPECT_EQ(GetUserInt("Margins", "FAlignment", -1), 0);
