@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -238,16 +239,30 @@ std::vector<CMDIChildWnd *> CMDIFrameWnd::Children() const {
 }
 
 void CMDIFrameWnd::AddChild(CMDIChildWnd *child) {
+    const QRect place = CascadePlace(static_cast<int>(Children().size()));
     client_->addSubWindow(child);
-    child->resize(client_->size() * 3 / 4);
+    child->setGeometry(place);
     child->show();
+    if (!child->isMaximized()) child->setGeometry(place);  // the area seeks a free place of its own
     OnClientChanged();
 }
 
+QRect CMDIFrameWnd::CascadePlace(int index) const {
+    const QSize area = client_->viewport()->size(), size = area * 3 / 4;
+    const int step = std::max(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, client_), 1);
+    const int places = std::max((area.height() - size.height()) / step, 1);  // then from the top again
+    return {QPoint(1, 1) * (index % places * step), size};
+}
+
 void CMDIFrameWnd::Cascade() {
-    for (CMDIChildWnd *child : Children())
-        if (!child->isMinimized()) child->showNormal();
-    client_->cascadeSubWindows();
+    int place = 0;
+    for (CMDIChildWnd *child : Children()) {
+        if (child->isMinimized()) continue;
+        child->showNormal();
+        child->setGeometry(CascadePlace(place++));
+        child->raise();
+    }
+    if (CMDIChildWnd *active = MDIGetActive()) active->raise();
 }
 
 void CMDIFrameWnd::Tile(Qt::Orientation rows) {

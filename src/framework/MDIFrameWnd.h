@@ -92,6 +92,7 @@ protected:
 private:
     bool RouteCommand(int id, CCmdUI *ui, CCmdTarget *target);
     void FillMenu(QMenu *menu, int resource, CCmdTarget *target);
+    QRect CascadePlace(int index) const;
     void PrepareMenu(QMenu *menu, CCmdTarget *target);
     void BuildAccelerators(int resource);
     QByteArray ReadBarState(const std::string &name, bool &statusBar);
