@@ -15,10 +15,10 @@ void Print(CView &view, bool direct) {
 }
 
 void Preview(CView &view) {
-    const bool print = PreviewView(
-        view, {LoadText(IDS_DIALOG_PREVIEW), LoadText(IDS_PREVIEW_PRINT), LoadText(IDS_PREVIEW_PREVIOUS),
-               LoadText(IDS_PREVIEW_NEXT), LoadText(IDS_PREVIEW_PAGE), LoadText(IDS_PREVIEW_ZOOM_OUT),
-               LoadText(IDS_PREVIEW_ZOOM_IN), LoadText(IDS_PREVIEW_CLOSE), LoadText(IDS_PREVIEW_FAILED)});
+    const bool print =
+        PreviewView(view, {LoadText(IDS_DIALOG_PREVIEW), LoadText(IDS_PREVIEW_PRINT), LoadText(IDS_PREVIEW_PREVIOUS),
+                           LoadText(IDS_PREVIEW_NEXT), LoadText(IDS_PREVIEW_PAGE), LoadText(IDS_PREVIEW_ZOOM_OUT),
+                           LoadText(IDS_PREVIEW_ZOOM_IN), LoadText(IDS_PREVIEW_CLOSE), LoadText(IDS_PREVIEW_FAILED)});
     if (print) Print(view, false);
 }
 
