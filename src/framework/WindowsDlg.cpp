@@ -2,9 +2,9 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -55,8 +55,7 @@ CWindowsDlg::CWindowsDlg(CMDIFrameWnd *frame, const Texts &texts) : QDialog(fram
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(list_, &QTreeWidget::itemDoubleClicked, this, &CWindowsDlg::Activate);
     connect(list_, &QTreeWidget::itemSelectionChanged, this, &CWindowsDlg::UpdateButtons);
-    connect(new QShortcut(QKeySequence::Delete, list_, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated,
-            this, &CWindowsDlg::CloseSelected);
+    list_->installEventFilter(this);
 
     Fill();
     const int line = fontMetrics().height();
@@ -99,6 +98,13 @@ void CWindowsDlg::UpdateButtons() {
     close_->setEnabled(!selected.empty());
     save_->setEnabled(std::ranges::any_of(
         selected, [](const CMDIChildWnd *child) { return child->GetActiveDocument()->IsModified(); }));
+}
+
+bool CWindowsDlg::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Delete)
+        return QDialog::eventFilter(object, event);
+    CloseSelected();
+    return true;
 }
 
 void CWindowsDlg::Activate() {

@@ -19,6 +19,9 @@ public:
 
     CWindowsDlg(CMDIFrameWnd *frame, const Texts &texts);
 
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;  // Del in the list closes the selected windows
+
 private:
     void Fill();
     void UpdateButtons();
