@@ -96,8 +96,8 @@ void EditSources(CTour &tour) {
 
     tour.Say("Switch folding and line numbers on");
     tour.Dialog(program, ID_EDITOR_SETTINGS, "settings-general", [](QWidget &dialog) {
-        SetBox(dialog, "old", true);
-        SetBox(dialog, "ine numbers", true);
+        SetBox(dialog, "Folding", true);
+        SetBox(dialog, "Line numbers", true);
     }, true);
     tour.Check(program.App().editorProperties.fold && program.App().editorProperties.lineNumbers, "the settings hold");
 
