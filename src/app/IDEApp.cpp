@@ -146,6 +146,7 @@ void CIDEApp::TakeCommandLine() {
         // An absolute name has its separator already: in the root directory it would get a second one.
         const bool here = !name.starts_with('\\') && FileExists(directory + name);
         const std::string candidate = here ? directory + name : name;
+        showSplash = false;  // who names a file wants to see that
         if (!IsProjectOrWorkspace(name))
             startupFiles_.push_back(candidate);
         else if (HasContent(candidate))
@@ -225,7 +226,9 @@ void CIDEApp::OpenDocumentDialog() {
     dialog.filter += AllFilesFilter();
     dialog.filterIndex = static_cast<int>(std::ranges::count(dialog.filter, '|')) / 2;
     dialog.multiple = true;
-    if (workspace) dialog.initialDirectory = workspace->GetActiveDirectory();
+    const CView *view = frame_->GetActiveView();
+    const std::string source = view && view->GetDocument() ? view->GetDocument()->GetPathName() : std::string();
+    dialog.initialDirectory = CPath(source.empty() ? GetActiveProjectPath() : source).GetDirectory();
     if (!dialog.DoModal(frame_.get())) return;
     for (const std::string &path : dialog.paths) OpenDocumentFile(path);
 }

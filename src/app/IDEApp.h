@@ -98,7 +98,7 @@ public:
     boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();  // empty when none is open
     int childDisplayMode = 0;
     int32_t childMaximised = 0;  // whether a new source window opens maximised: as the last one was; not stored
-    bool showSplash = true;  // a start shows what greets the user; set before InitInstance
+    bool showSplash = true;  // a start that names no file greets the user; set before InitInstance
 
 private:
     bool LoadLibraries();
