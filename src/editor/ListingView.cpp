@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
@@ -130,6 +131,8 @@ void CListingView::ClearListing() {
 
 void CListingView::BuildAddressTable() {
     const std::string path = GetDocument()->GetPathName();
+    CFileTracker &tracker = CIDEApp::Get().fileTracker;
+    if (!tracked_.empty()) tracker.UntrackFile(std::exchange(tracked_, {}));  // the text of that record goes
     noListing_ = path.empty() || !FileExists(path);
     Send(SCI_SETREADONLY, 0);
     ReleaseFile();
@@ -141,10 +144,8 @@ void CListingView::BuildAddressTable() {
     Send(SCI_SETREADONLY, 1);
     GetIDEDoc()->SetModifiedMark(false);
     Send(SCI_SETSAVEPOINT);
-    CFileTracker &tracker = CIDEApp::Get().fileTracker;
     WaitUntilUntracked(path);
-    tracker.UntrackFile(path);  // one record is enough
-    tracker.TrackFile(path, true);
+    if (tracker.TrackFile(path, true)) tracked_ = path;
     ReadAddresses();
 }
 

@@ -43,5 +43,6 @@ private:
     void ReadAddresses();
 
     bool noListing_ = true;
+    std::string tracked_;  // the file whose record in the tracker is this view's
     CAddressTable addressTable_;
 };
