@@ -175,15 +175,15 @@ TEST_F(Printing, PreviewShowsAnyPageAndGoesOnToPrint) {
         EXPECT_FALSE(TabsShow());
         const int pages = preview.findChild<QSpinBox *>()->maximum();
         EXPECT_GT(pages, 2000);
-        QTest::keyClick(&preview, Qt::Key_PageDown);
+        preview.ShowPage(2);
         EXPECT_EQ(preview.Page(), 2);
-        QTest::keyClick(&preview, Qt::Key_PageUp);
-        QTest::keyClick(&preview, Qt::Key_PageUp);
+        preview.ShowPage(0);
         EXPECT_EQ(preview.Page(), 1);
         const QImage first = preview.grab().toImage();
         preview.ShowPage(pages);
         EXPECT_NE(preview.grab().toImage(), first);
-        QTest::keyClick(&preview, Qt::Key_P, Qt::ControlModifier);
+        preview.findChildren<QToolButton *>().front()->click();  // print
+        if (preview.isVisible()) preview.reject();  // a failure, seen by the answer that is left
     });
     program.AnswerDialog([](QWidget &window) { dynamic_cast<QPrintDialog &>(window).reject(); });
     program.Command(ID_FILE_PRINT_PREVIEW);
