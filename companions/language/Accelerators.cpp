@@ -33,6 +33,8 @@ constexpr LangAccelerator kMain[] = {
     {ID_MATCH_BRACE, "Ctrl+]"},
     {ID_LAST_EDIT, "Ctrl+Shift+Backspace"},
     {ID_OPEN_COUNTERPART, "Alt+O"},
+    {ID_GOTO_DEFINITION, "F12"},
+    {ID_GO_BACK, "Alt+Left"},
     {ID_BOOKMARK_TOGGLE, "Ctrl+F2"},
     {ID_BOOKMARK_NEXT, "F2"},
     {ID_BOOKMARK_PREVIOUS, "Shift+F2"},

@@ -64,6 +64,8 @@ constexpr LangMenuEntry kMain[] = {
     {2, ID_BOOKMARK_CLEAR, "&Clear All"},
     Line(1),
     {1, ID_OPEN_COUNTERPART, "&Open Counterpart"},
+    {1, ID_GOTO_DEFINITION, "Go to &Definition"},
+    {1, ID_GO_BACK, "Go Bac&k"},
     Line(1),
     {1, ID_EDITOR_SETTINGS, "Editor &Settings..."},
 
@@ -101,6 +103,7 @@ constexpr LangMenuEntry kMain[] = {
     {1, ID_PROJECT_ADD_NEW_FILE, "Add Ne&w File..."},
     {1, ID_PROJECT_ADD_LIBRARY, "Add System &Library..."},
     {1, ID_PROJECT_REMOVE_FILE, "&Remove File"},
+    {1, ID_BROWSE_EXTRA_LOCATIONS, "E&xtra Browse Locations..."},
     Line(1),
     {1, ID_PROJECT_COMPILER, "&Compiler..."},
     {1, ID_PROJECT_TARGET, "&Target..."},
@@ -193,23 +196,53 @@ constexpr LangMenuEntry kOutput[] = {
 };
 
 constexpr LangMenuEntry kTreeProject[] = {
+    {0, ID_ROW_BUILD, "&Build"},
+    {0, ID_ROW_REBUILD, "Reb&uild"},
+    {0, ID_ROW_CLEAN, "&Clean"},
+    Line(0),
     {0, ID_PROJECT_ACTIVATE, "&Set as Active Project"},
     Line(0),
     {0, ID_PROJECT_ADD_FILES, "&Add Files..."},
     {0, ID_PROJECT_ADD_NEW_FILE, "Add &New File..."},
     {0, ID_PROJECT_ADD_LIBRARY, "Add System &Library..."},
+    {0, ID_ROW_OUTPUT_LIST, "Output &Files..."},
+    {0, ID_BROWSE_EXTRA_LOCATIONS, "E&xtra Browse Locations..."},
     Line(0),
     {0, ID_PROJECT_TARGET, "&Target..."},
     {0, ID_PROJECT_OPTIONS, "&Options..."},
     Line(0),
+    {0, ID_PROJECT_ADD_EXISTING, "Add &Existing Projects..."},
     {0, ID_PROJECT_REMOVE, "&Remove Project"},
 };
 
 constexpr LangMenuEntry kTreeFile[] = {
-    {0, ID_PROJECT_ADD_FILES, "&Add Files..."},
-    {0, ID_PROJECT_ADD_NEW_FILE, "Add &New File..."},
+    {0, ID_ROW_OPEN_FILE, "&Open"},
     Line(0),
     {0, ID_PROJECT_REMOVE_FILE, "&Remove File"},
+    {0, ID_ROW_MAKE_RELATIVE, "Ma&ke Path Relative"},
+    Line(0),
+    {0, ID_PROJECT_ADD_FILES, "&Add Files..."},
+    {0, ID_PROJECT_ADD_NEW_FILE, "Add &New File..."},
+};
+
+constexpr LangMenuEntry kTreeOutputs[] = {
+    {0, ID_ROW_OPEN_FILE, "&Open"},
+    Line(0),
+    {0, ID_ROW_OUTPUT_LIST, "Output &Files..."},
+    Line(0),
+    {0, ID_ROW_BUILD, "&Build"},
+    {0, ID_ROW_REBUILD, "Reb&uild"},
+    {0, ID_ROW_CLEAN, "&Clean"},
+};
+
+constexpr LangMenuEntry kGrouping[] = {
+    {0, ID_GROUP_BY_CATEGORY, "Group by &Category"},
+    {0, ID_GROUP_BY_FILE, "Group by &File"},
+};
+
+constexpr LangMenuEntry kCallTree[] = {
+    {0, ID_TREE_EXPAND_ALL, "&Expand All"},
+    {0, ID_TREE_COLLAPSE_ALL, "&Collapse All"},
 };
 
 constexpr LangMenuEntry kTreeRoot[] = {
@@ -300,6 +333,9 @@ constexpr MenuRow kMenus[] = {
     {IDR_WORKSPACE_MENU_PROJECT, kTreeProject},
     {IDR_WORKSPACE_MENU_FILE, kTreeFile},
     {IDR_WORKSPACE_MENU_ROOT, kTreeRoot},
+    {IDR_WORKSPACE_MENU_OUTPUTS, kTreeOutputs},
+    {IDR_GROUPING_MENU, kGrouping},
+    {IDR_TREE_MENU, kCallTree},
     {IDR_TAB_MENU, kTab},
     {IDR_BUILD_MENU, kBuildArrow},
     {IDR_VIEW_MENU, kView},

@@ -56,6 +56,9 @@ constexpr LangToolButton kEdit[] = {
     Push(ID_LAST_EDIT),
     Push(ID_OPEN_COUNTERPART),
     kGap,
+    Push(ID_GOTO_DEFINITION),
+    Push(ID_GO_BACK),
+    kGap,
     Push(ID_MACRO_RECORD),
     Push(ID_MACRO_PLAY),
 };

@@ -121,6 +121,7 @@ enum CommandId : int {
     ID_MATCH_BRACE = 32930,
     ID_LAST_EDIT = 33012,
     ID_OPEN_COUNTERPART = 32810,
+    ID_VIEW_GOTO_DEFINITION = 32902,  // of the word that the context menu names
     ID_EDIT_FIND_NEXT = 32816,
     ID_EDIT_FIND_PREVIOUS = 32817,
     ID_PAGE_MARGINS = 32833,
@@ -134,6 +135,23 @@ enum CommandId : int {
     ID_HEADER_TIME = 32841,
     ID_BREAKPOINT_TOGGLE = 32844,
     ID_EDITOR_SETTINGS = 33060,
+
+    // Symbols
+    ID_GOTO_DEFINITION = 33062,  // of the word at the caret
+    ID_GO_BACK = 33063,
+    ID_BROWSE_EXTRA_LOCATIONS = 33064,
+    ID_GROUP_BY_CATEGORY = 33065,
+    ID_GROUP_BY_FILE = 33066,
+    ID_TREE_EXPAND_ALL = 33067,
+    ID_TREE_COLLAPSE_ALL = 33068,
+
+    // Rows of the project tree
+    ID_ROW_OPEN_FILE = 33070,
+    ID_ROW_MAKE_RELATIVE = 33071,
+    ID_ROW_OUTPUT_LIST = 33072,
+    ID_ROW_BUILD = 33073,
+    ID_ROW_REBUILD = 33074,
+    ID_ROW_CLEAN = 33075,
 
     // Keyboard macros
     ID_MACRO_STOP = 32826,

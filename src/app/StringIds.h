@@ -59,6 +59,27 @@ enum StringId : int {
     IDS_CONFIG_UNKNOWN = 326,             // %s the configuration, %s the project; build list
     IDS_CANT_REMOVE_FILE = 327,           // %s; error
 
+    // Project tree; %s is a row's name
+    IDS_OUTPUT_FOLDER = 330,
+    IDS_FILE_ENTRY_UNREADABLE = 331,      // %d its number, %s the project; error
+    IDS_DIALOG_OUTPUT_LIST = 332,
+    IDS_LABEL_OUTPUT_LIST = 333,          // %s the project
+    IDS_OUTPUT_LIST_HINT = 334,
+    IDS_OUTPUT_LIST_DEFAULT = 335,        // button
+    IDS_ROW_OPEN = 336,                   // menu entries
+    IDS_ROW_REMOVE = 337,
+    IDS_ROW_RELATIVE = 338,
+    IDS_ROW_ACTIVATE = 339,
+    IDS_ROW_ADD_FILES = 340,
+    IDS_ROW_ADD_NEW_FILE = 341,
+    IDS_ROW_OUTPUT_LIST = 342,
+    IDS_ROW_BUILD = 343,
+    IDS_ROW_REBUILD = 344,
+    IDS_ROW_CLEAN = 345,
+    IDS_ROW_REMOVE_PROJECT = 346,
+    IDS_OUTPUT_LIST_NOT_SAVED = 347,      // %s the project's file; error
+    IDS_OUTPUT_LIST_TOO_LONG = 348,       // %d the longest; warning
+
     // Build
     IDS_BUILD_START = 400,                // %s the project's name
     IDS_CLEAN_START = 401,
@@ -261,6 +282,34 @@ enum StringId : int {
     IDS_TIP_AT_START = 904,
     IDS_TIPS = 910,                       // the first tip; the others follow, at most to IDS_TIPS + kMostTips - 1
 
+    // Symbols, call tree, function information, remarks
+    IDS_SYMBOL_NOT_FOUND = 950,           // %s the symbol; build list
+    IDS_GLOBAL_NO_SOURCE = 951,           // build list
+    IDS_CTAGS_SLOW = 952,                 // %s the seconds; question
+    IDS_CTAGS_ENDED = 953,                // build list
+    IDS_DIALOG_EXTRA_LOCATIONS = 954,
+    IDS_LABEL_EXTRA_LOCATIONS = 955,
+    IDS_LOCATION_ADD_FILES = 956,         // buttons
+    IDS_LOCATION_ADD_FOLDER = 957,
+    IDS_LOCATION_REMOVE = 958,
+    IDS_LOCATION_CHOOSE_FOLDER = 959,
+    IDS_EXTRA_LOCATIONS_NOT_SAVED = 960,  // %s the file; error
+    IDS_MENU_GOTO_DEFINITION = 961,       // %s the word; menu entries
+    IDS_MENU_GOTO_FUNCTION = 962,         // %s the function
+    IDS_MENU_FUNCTIONS = 963,
+    IDS_TAB_SYMBOLS = 964,
+    IDS_TAB_TODO = 965,
+    IDS_GROUPING_BAR = 966,               // the tool bar's title
+    IDS_COLUMN_TODO_KIND = 967,
+    IDS_COLUMN_TODO_TEXT = 968,
+    IDS_TAB_CALL_TREE = 969,
+    IDS_TAB_FUNCTIONS = 970,
+    IDS_COLUMN_FUNCTION = 971,
+    IDS_COLUMN_ROM = 972,
+    IDS_COLUMN_RAM = 973,
+    IDS_COLUMN_RAM_PART = 974,
+    IDS_NO_FUNCTION_DATA = 975,
+
     // Editor settings
     IDS_DIALOG_EDITOR_SETTINGS = 710,
     IDS_PAGE_EDITOR_GENERAL = 711,
@@ -314,4 +363,7 @@ enum ResourceId : int {
     IDR_HEADER_MENU = 166,     // codes for the header and the footer of printed pages
     IDR_FOOTER_MENU = 167,
     IDR_BAR_MENU = 158,        // of a right click beside the bars
+    IDR_GROUPING_MENU = 159,   // of the symbols
+    IDR_WORKSPACE_MENU_OUTPUTS = 160,  // of the folder and the files that a build leaves
+    IDR_TREE_MENU = 3001,      // of the call tree
 };

@@ -1,0 +1,66 @@
+#include "navigation/OpenSource.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "app/IDEApp.h"
+#include "app/Path.h"
+#include "app/ProjectDirScope.h"
+#include "editor/IDEDoc.h"
+#include "editor/IDEView.h"
+#include "editor/ViewSetup.h"
+#include "framework/DocTemplate.h"
+#include "framework/MDIChildWnd.h"
+#include "framework/ShellOpen.h"
+#include "platform/PathCalls.h"
+
+namespace {
+
+// Files that the editor shows whatever the desktop would do with them.
+constexpr std::array<std::string_view, 12> kSourceExtensions = {
+    ".c", ".cpp", ".c++", ".cxx", ".cc", ".h", ".hpp", ".txt", ".asm", ".lst", ".hex", ".map"};
+
+bool IsForEditor(const std::string &file) {
+    const std::string extension = _splitpath(file).extension;
+    if (std::ranges::any_of(kSourceExtensions, [&](auto each) { return EqualNoCase(extension, each); })) return true;
+    CDocument *open = nullptr;
+    return std::ranges::any_of(CIDEApp::Get().GetTemplates(), [&](const auto &each) {
+        return each->MatchDocType(file, open) > DocMatch::foreign;
+    });
+}
+
+void ShowLine(CIDEView &view, intptr_t line, bool mark) {
+    if (mark) {
+        CIDEApp::Get().editorProperties.ApplyExecutionColour(view.Sci());
+        const intptr_t old = view.Send(SCI_MARKERNEXT, 0, 1 << kMarkerExecution);
+        if (old >= 0) view.Send(SCI_MARKERDELETE, static_cast<uintptr_t>(old), kMarkerExecution);
+        view.Send(SCI_MARKERADD, static_cast<uintptr_t>(line), kMarkerExecution);
+        const intptr_t start = view.Send(SCI_POSITIONFROMLINE, static_cast<uintptr_t>(line));
+        view.Send(SCI_SETSEL, static_cast<uintptr_t>(start), start);
+    } else {
+        view.SelectWholeLine(line);
+    }
+    view.ShowViewLine(line, false);
+}
+
+}  // namespace
+
+CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
+    CIDEApp &app = CIDEApp::Get();
+    const std::string project = app.GetActiveProjectPath();
+    const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
+    auto *document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(file, false));
+    if (!document) {
+        const std::string full = GetFullPathNameA(file);
+        if (!FileExists(full)) return nullptr;
+        if (!IsForEditor(full) && ShellOpen(full)) return nullptr;
+        document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(full, true));
+    }
+    if (!document) return nullptr;
+    const intptr_t last = document->GetFirstCodeView() ? document->GetFirstCodeView()->Send(SCI_GETLINECOUNT) - 1 : 0;
+    for (CIDEView *view : document->GetCodeViews())
+        ShowLine(*view, std::clamp<intptr_t>(line - 1, 0, std::max<intptr_t>(last, 0)), mark);
+    if (CView *view = document->GetFirstView(); view && view->GetParentFrame()) view->GetParentFrame()->ActivateFrame();
+    return document;
+}
