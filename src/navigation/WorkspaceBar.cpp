@@ -96,8 +96,13 @@ void CWorkspaceBar::RebuildOutputRows() {
     tree_->RebuildOutputRows();
 }
 
-// Both speak to the views of symbols and of remarks, as far as the bar has them.
+void CWorkspaceBar::RebuildBrowseTree() {}
+
+void CWorkspaceBar::ClearBrowseTree() {}
+
 void CWorkspaceBar::ReloadTodo() {}
+
+void CWorkspaceBar::RescanTodo(const std::string &) {}
 
 void CWorkspaceBar::ApplyGrouping(int grouping) {
     if (grouping == 1 || grouping == 2) grouping_ = grouping;

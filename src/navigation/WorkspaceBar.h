@@ -28,7 +28,10 @@ public:
     void AddFile(const std::string &project, const std::string &file);
     void RemoveFile(const std::string &project, const std::string &file);
     void RebuildOutputRows();                   // of all projects; keeps selection and scroll position
-    void ReloadTodo();
+    void RebuildBrowseTree();                   // from the symbol index, in the present grouping
+    void ClearBrowseTree();                     // no project is open
+    void ReloadTodo();                          // all files of the active project
+    void RescanTodo(const std::string &savedFile);  // one file, which was just written
     void ApplyGrouping(int grouping);
 
     int FirstVisibleRow() const;                // rows above the first visible one
