@@ -11,7 +11,7 @@
 #include "app/CommandIds.h"
 #include "app/StringIds.h"
 #include "framework/Text.h"
-#include "navigation/ProjectTreeHost.h"
+#include "navigation/WorkspaceBarHost.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
@@ -63,7 +63,7 @@ struct CProjectTree::Place {
     std::vector<Folding> projects;
 };
 
-CProjectTree::CProjectTree(CProjectTreeHost &host, QWidget *parent)
+CProjectTree::CProjectTree(CWorkspaceBarHost &host, QWidget *parent)
     : QTreeView(parent), host_(host), model_(new CProjectTreeModel(this)) {
     setModel(model_);
     setHeaderHidden(true);

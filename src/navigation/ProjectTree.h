@@ -7,13 +7,13 @@
 #include "framework/CmdTarget.h"
 #include "navigation/ProjectTreeModel.h"
 
-class CProjectTreeHost;
+class CWorkspaceBarHost;
 
 // It is the target of its menus' commands while one of them is open, for those that concern the selected row. Projects
 // and files are named in any spelling that the host understands. Main thread.
 class CProjectTree : public QTreeView, public CCmdTarget {
  public:
-    explicit CProjectTree(CProjectTreeHost &host, QWidget *parent = nullptr);  // the host outlives the tree
+    explicit CProjectTree(CWorkspaceBarHost &host, QWidget *parent = nullptr);  // the host outlives the tree
 
     void Fill();  // keeps selection, scroll position and what is expanded of the projects that stay
     void Clear();
@@ -58,6 +58,6 @@ class CProjectTree : public QTreeView, public CCmdTarget {
     void MakeProjectActive(const std::string &project);
     void RemoveSelectedFile();
 
-    CProjectTreeHost &host_;
+    CWorkspaceBarHost &host_;
     CProjectTreeModel *model_;
 };

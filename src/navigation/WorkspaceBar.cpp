@@ -11,7 +11,7 @@
 #include "framework/Language.h"
 #include "framework/Text.h"
 #include "navigation/ProjectTree.h"
-#include "navigation/ProjectTreeHost.h"
+#include "navigation/WorkspaceBarHost.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ constexpr int kLabelMargin = 5;
 }  // namespace
 
 CWorkspaceBar::CWorkspaceBar(const std::string &title, QWidget *parent)
-    : CDockBar(kBarId, title, parent), host_(MakeProjectTreeHost()) {
+    : CDockBar(kBarId, title, parent), host_(MakeWorkspaceBarHost()) {
     auto *content = new QWidget(this);
     label_ = new QLabel(content);
     label_->setMargin(kLabelMargin);

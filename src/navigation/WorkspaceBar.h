@@ -7,7 +7,7 @@
 #include "framework/DockBar.h"
 
 class CProjectTree;
-class CProjectTreeHost;
+class CWorkspaceBarHost;
 class QLabel;
 class QTabWidget;
 
@@ -44,7 +44,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    std::unique_ptr<CProjectTreeHost> host_;
+    std::unique_ptr<CWorkspaceBarHost> host_;
     CProjectTree *tree_;
     QTabWidget *tabs_;
     QLabel *label_;  // above the tabs; hidden while it has no text

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "framework/CmdTarget.h"
-#include "navigation/ProjectTreeHost.h"
+#include "navigation/WorkspaceBarHost.h"
 
-class TreeHost : public CProjectTreeHost {
+class TreeHost : public CWorkspaceBarHost {
  public:
     std::vector<ProjectEntry> projects;
     std::vector<std::string> calls;  // "name argument ..."

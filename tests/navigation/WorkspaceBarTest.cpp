@@ -10,7 +10,7 @@
 #include "navigation/ProjectTree.h"
 
 // The bar takes its host from here in place of the program's.
-std::unique_ptr<CProjectTreeHost> MakeProjectTreeHost() {
+std::unique_ptr<CWorkspaceBarHost> MakeWorkspaceBarHost() {
     auto host = std::make_unique<TreeHost>();
     host->projects = {MakeProject("\\w", "blink.__c", true, {"main.asm"})};
     return host;

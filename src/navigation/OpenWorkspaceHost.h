@@ -1,11 +1,11 @@
 // The project tree's way to the open workspace and to the commands on it.
 #pragma once
 
-#include "navigation/ProjectTreeHost.h"
+#include "navigation/WorkspaceBarHost.h"
 
 class CProject;
 
-class CWorkspaceTreeHost : public CProjectTreeHost {
+class COpenWorkspaceHost : public CWorkspaceBarHost {
  public:
     bool IsOpen() const override;
     bool HoldsManyProjects() const override;

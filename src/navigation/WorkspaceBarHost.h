@@ -12,9 +12,9 @@ class CCmdTarget;
 class QPoint;
 
 // Projects and files are named by full paths in the Windows form, as the entries give them. Main thread.
-class CProjectTreeHost {
+class CWorkspaceBarHost {
  public:
-    virtual ~CProjectTreeHost() = default;
+    virtual ~CWorkspaceBarHost() = default;
 
     // The model
     virtual bool IsOpen() const = 0;                         // a workspace or a stand-alone project is open
@@ -38,4 +38,4 @@ class CProjectTreeHost {
 };
 
 // The host that speaks to the application object and the open workspace.
-std::unique_ptr<CProjectTreeHost> MakeProjectTreeHost();
+std::unique_ptr<CWorkspaceBarHost> MakeWorkspaceBarHost();

@@ -1,4 +1,4 @@
-#include "navigation/WorkspaceTreeHost.h"
+#include "navigation/OpenWorkspaceHost.h"
 
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -25,26 +25,26 @@ FileEntry MakeFileEntry(const CProject &project, const std::string &name, CFileP
 
 }  // namespace
 
-std::unique_ptr<CProjectTreeHost> MakeProjectTreeHost() {
-    return std::make_unique<CWorkspaceTreeHost>();
+std::unique_ptr<CWorkspaceBarHost> MakeWorkspaceBarHost() {
+    return std::make_unique<COpenWorkspaceHost>();
 }
 
-bool CWorkspaceTreeHost::IsOpen() const {
+bool COpenWorkspaceHost::IsOpen() const {
     return CurrentWorkspace() != nullptr;
 }
 
-bool CWorkspaceTreeHost::HoldsManyProjects() const {
+bool COpenWorkspaceHost::HoldsManyProjects() const {
     return IsOpen() && WorkspaceOrNone().Kind() == kWorkspaceMultiple;
 }
 
-std::vector<ProjectEntry> CWorkspaceTreeHost::Projects() const {
+std::vector<ProjectEntry> COpenWorkspaceHost::Projects() const {
     std::vector<ProjectEntry> entries;
     for (const auto &project : WorkspaceOrNone().GetProjects())
         if (auto entry = Project(project->GetStoredName())) entries.push_back(std::move(*entry));
     return entries;
 }
 
-std::optional<ProjectEntry> CWorkspaceTreeHost::Project(const std::string &name) const {
+std::optional<ProjectEntry> COpenWorkspaceHost::Project(const std::string &name) const {
     CWorkspace &workspace = WorkspaceOrNone();
     const auto active = workspace.GetActiveProject();
     CFilePresence presence;
@@ -60,7 +60,7 @@ std::optional<ProjectEntry> CWorkspaceTreeHost::Project(const std::string &name)
     });
 }
 
-void CWorkspaceTreeHost::ReadOutputs(CProject &project, ProjectEntry &entry) {
+void COpenWorkspaceHost::ReadOutputs(CProject &project, ProjectEntry &entry) {
     std::string fallback = project.GetDefOutputFilter();
     if (fallback.empty()) fallback = kDefaultOutputs;
     const std::string list = ReadProfileString("Workspace", "Output", fallback, entry.path, kOutputListSize);
@@ -74,7 +74,7 @@ void CWorkspaceTreeHost::ReadOutputs(CProject &project, ProjectEntry &entry) {
         MakeOutputEntries(list, expand, [&](const std::string &name) { return project.GetFileFullPath(name); });
 }
 
-ProjectEntry CWorkspaceTreeHost::Outputs(const std::string &project) const {
+ProjectEntry COpenWorkspaceHost::Outputs(const std::string &project) const {
     return WorkspaceOrNone().Call(project, ProjectEntry(), [](CProject &found) {
         ProjectEntry entry;
         entry.path = found.GetFullPath();
@@ -83,14 +83,14 @@ ProjectEntry CWorkspaceTreeHost::Outputs(const std::string &project) const {
     });
 }
 
-std::string CWorkspaceTreeHost::ProjectPath(const std::string &name) const {
+std::string COpenWorkspaceHost::ProjectPath(const std::string &name) const {
     const CWorkspace &workspace = WorkspaceOrNone();
     // A name with its directory means the same file whether or not the workspace still holds the project.
     if (const auto project = workspace.FindProject(name)) return project->GetFullPath();
     return workspace.ProjectFullPath(name);
 }
 
-FileEntry CWorkspaceTreeHost::File(const std::string &project, const std::string &file) const {
+FileEntry COpenWorkspaceHost::File(const std::string &project, const std::string &file) const {
     return WorkspaceOrNone().Call(project, FileEntry{file, file, false}, [&](CProject &found) {
         FileEntry entry{file, found.GetFileFullPath(file)};
         entry.exists = FileExists(entry.path);
@@ -98,11 +98,11 @@ FileEntry CWorkspaceTreeHost::File(const std::string &project, const std::string
     });
 }
 
-std::string CWorkspaceTreeHost::ActiveProject() const {
+std::string COpenWorkspaceHost::ActiveProject() const {
     return ActiveProjectPath();
 }
 
-void CWorkspaceTreeHost::OpenFile(const std::string &file) {
+void COpenWorkspaceHost::OpenFile(const std::string &file) {
     CIDEApp &app = CIDEApp::Get();
     if (!FileExists(file)) {
         if (CMainFrame *frame = app.GetMainFrame()) frame->ShowError(LoadText(IDS_NO_SUCH_FILE, {DisplayPath(file)}));
@@ -111,12 +111,12 @@ void CWorkspaceTreeHost::OpenFile(const std::string &file) {
     app.FindOrOpenDocument(file, true);
 }
 
-void CWorkspaceTreeHost::ActivateProject(const std::string &project) {
+void COpenWorkspaceHost::ActivateProject(const std::string &project) {
     CIDEApp &app = CIDEApp::Get();
     app.workspaces.ActivateProject(app.GetActiveProjectPath(), project);
 }
 
-void CWorkspaceTreeHost::RemoveProject(const std::string &project) {
+void COpenWorkspaceHost::RemoveProject(const std::string &project) {
     CIDEApp &app = CIDEApp::Get();
     CMainFrame *frame = app.GetMainFrame();
     const std::string question = LoadText(IDS_REMOVE_PROJECT_QUESTION, {WorkspaceOrNone().GetProjectFileName(project)});
@@ -124,15 +124,15 @@ void CWorkspaceTreeHost::RemoveProject(const std::string &project) {
     app.workspaces.RemoveProjectFromWorkspace(project);
 }
 
-void CWorkspaceTreeHost::AskForFiles(const std::string &project) {
+void COpenWorkspaceHost::AskForFiles(const std::string &project) {
     CIDEApp::Get().workspaces.Projects().AddFiles(project);
 }
 
-void CWorkspaceTreeHost::AskForNewFile(const std::string &project) {
+void COpenWorkspaceHost::AskForNewFile(const std::string &project) {
     CIDEApp::Get().workspaces.Projects().AddNewFile(project);
 }
 
-void CWorkspaceTreeHost::AddFiles(const std::string &project, const std::vector<std::string> &files) {
+void COpenWorkspaceHost::AddFiles(const std::string &project, const std::vector<std::string> &files) {
     CIDEApp &app = CIDEApp::Get();
     const std::string directory = CPath(project).GetDirectory();
     bool added = false;
@@ -143,10 +143,10 @@ void CWorkspaceTreeHost::AddFiles(const std::string &project, const std::vector<
     if (added) app.symbols.UpdateBrowseInfo();
 }
 
-void CWorkspaceTreeHost::RemoveFile(const std::string &project, const std::string &file) {
+void COpenWorkspaceHost::RemoveFile(const std::string &project, const std::string &file) {
     CIDEApp::Get().workspaces.Projects().RemoveFile(project, file);
 }
 
-void CWorkspaceTreeHost::ShowMenu(int resource, const QPoint &at, CCmdTarget &target) {
+void COpenWorkspaceHost::ShowMenu(int resource, const QPoint &at, CCmdTarget &target) {
     if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->TrackPopupMenu(resource, at, &target);
 }
