@@ -1,0 +1,10 @@
+// Text colours that can be read on the ground that they stand on.
+#pragma once
+
+#include <QColor>
+
+// `colour`, made lighter or darker as far as it needs to be read on `ground`: a contrast of at least 4.5 to 1.
+QColor ReadableColour(const QColor &colour, const QColor &ground);
+
+// From 1, for equal colours, to 21, for black on white.
+double ContrastOf(const QColor &a, const QColor &b);
