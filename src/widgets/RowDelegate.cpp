@@ -7,10 +7,8 @@ void CRowDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelInd
     QStyledItemDelegate::initStyleOption(option, index);
     const uint32_t colour = index.data(kRowColourRole).toUInt();
     if (!colour) return;
-    QPalette &palette = option->palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Text, ReadableColour(ToQColor(colour), palette.color(group, QPalette::Base)));
-        palette.setColor(group, QPalette::HighlightedText,
-                         ReadableColour(ToQColor(colour), palette.color(group, QPalette::Highlight)));
+        const QColor ground = option->palette.color(group, QPalette::Base);
+        option->palette.setColor(group, QPalette::Text, ReadableColour(ToQColor(colour), ground));
     }
 }

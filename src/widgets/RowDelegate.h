@@ -6,7 +6,8 @@
 // The role under which a model gives a row's text colour, a word 0x00BBGGRR; 0 is the colour of normal text.
 inline constexpr int kRowColourRole = Qt::UserRole;
 
-// A colour is changed as far as it needs to be read on the ground of the row, selected or not, in light and dark.
+// A colour is changed as far as it needs to be read on the ground of the rows, in light and dark. Selected rows have
+// the desktop's colours.
 class CRowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
