@@ -22,6 +22,7 @@
 #include "framework/FileDialog.h"
 #include "framework/Icons.h"
 #include "framework/Language.h"
+#include "navigation/ExtraLocations.h"
 #include "framework/Text.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
@@ -160,6 +161,14 @@ void CIDEApp::MapCommands() {
     OnCommand(
         ID_FILE_SAVE_ALL, [this] { SaveAllDocuments(false); },
         [this](CCmdUI &ui) { ui.Enable(std::ranges::any_of(GetDocuments(), &CDocument::IsModified)); });
+    OnCommand(
+        ID_GOTO_DEFINITION, [this] { browseHistory.GotoDefinition(); },
+        [](CCmdUI &ui) { ui.Enable(IsSourceViewActive()); });
+    OnCommand(
+        ID_GO_BACK, [this] { browseHistory.GoBack(); }, [this](CCmdUI &ui) { ui.Enable(!browseHistory.IsEmpty()); });
+    OnCommand(
+        ID_BROWSE_EXTRA_LOCATIONS, [] { BrowseExtraLocations(); },
+        [](CCmdUI &ui) { ui.Enable(!ExtraLocationsFile().empty()); });
     OnCommand(ID_EDITOR_SETTINGS, [] { RunEditorSettings(); });
     OnCommand(ID_PAGE_MARGINS, [] { RunPageMargins(); });
     MapHelpCommands();

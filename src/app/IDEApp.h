@@ -23,6 +23,7 @@
 #include "editor/KeyMacro.h"
 #include "editor/SciLexer.h"
 #include "framework/WinApp.h"
+#include "navigation/BrowseNavigation.h"
 #include "navigation/SymbolIndex.h"
 #include "project/CurrentWorkspace.h"
 #include "project/WorkspaceController.h"
@@ -86,6 +87,7 @@ public:
     CBreakpointList breakpoints;
     CKeyMacro macro;
     CSymbolIndex symbols;
+    CBrowseHistory browseHistory;
     CDbgInterface debugger;
     CDebugCommands debugCommands;
     CDebugSession session;  // `debugging` and `running`, and the deferred command

@@ -13,6 +13,7 @@
 #include "editor/IDEView.h"
 #include "editor/TextSize.h"
 #include "framework/Language.h"
+#include "navigation/WorkspaceBar.h"
 #include "platform/FileText.h"
 #include "platform/FileTime.h"
 #include "platform/NativePath.h"
@@ -122,17 +123,25 @@ bool CIDEDoc::OnSaveDocument(const std::string &path) {
     const bool partial = view && view->IsPartial();
     const bool saved = view && !partial && WriteTextTo(path, *view);
 
-    CIDEApp &app = CIDEApp::Get();
-    app.symbols.UpdateDocumentFunctions(path, *this);
-    app.symbols.UpdateBrowseInfo();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (saved) ShowSavedSymbols(path);
     Tracker().TrackFile(TrackedName(path), true);
     if (saved) {
         SetModifiedMark(false);
         view->Send(SCI_SETSAVEPOINT);
-    } else if (CMainFrame *frame = app.GetMainFrame()) {
+    } else if (frame) {
         frame->ShowError(LoadText(partial ? IDS_PARTIAL_NOT_SAVED : IDS_CANT_WRITE_FILE, {DisplayPath(path)}));
     }
     return saved;
+}
+
+// What is known of the project's symbols follows the file.
+void CIDEDoc::ShowSavedSymbols(const std::string &path) {
+    CIDEApp &app = CIDEApp::Get();
+    app.symbols.UpdateDocumentFunctions(path, *this);
+    for (CIDEView *view : GetCodeViews()) view->PlaceFunctionMarks();
+    app.symbols.RequestUpdate();
+    if (CMainFrame *frame = app.GetMainFrame()) frame->WorkspaceBar().RescanTodo(path);
 }
 
 bool CIDEDoc::WriteTextTo(const std::string &path, CIDEView &view) {

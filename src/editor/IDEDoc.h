@@ -36,6 +36,7 @@ public:
 
 private:
     void SaveWithFramework(bool askForName);
+    void ShowSavedSymbols(const std::string &path);
     bool WriteTextTo(const std::string &path, CIDEView &view);
     void RecolourAs(const std::string &path);
     std::string TrackedName(const std::string &path) const;

@@ -1,6 +1,5 @@
 #include "editor/IDEView.h"
 
-#include <QGuiApplication>
 #include <QPointer>
 #include <QResizeEvent>
 #include <optional>
@@ -15,6 +14,7 @@
 #include "editor/ViewPrint.h"
 #include "editor/ViewSetup.h"
 #include "framework/Language.h"
+#include "framework/WaitCursor.h"
 #include "platform/FileText.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
@@ -34,14 +34,6 @@ class CModifiedQuiet {
 
  private:
     const CIDEView &view_;
-};
-
-class CWaitCursor {
- public:
-    CWaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~CWaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    CWaitCursor(const CWaitCursor &) = delete;
-    CWaitCursor &operator=(const CWaitCursor &) = delete;
 };
 
 // Lets a read-only view be written to for the life of the object.
@@ -209,10 +201,10 @@ void CIDEView::ShowText(const std::string &bytes) {
     SendText(SCI_SETTEXT, 0, bytes.c_str());
     Send(SCI_SETUNDOCOLLECTION, 1);
     ApplySettings();
-    Send(SCI_MARKERDELETEALL, kMarkerFunction);
 }
 
 void CIDEView::PlaceFunctionMarks() {
+    Send(SCI_MARKERDELETEALL, kMarkerFunction);
     for (CFunctionData &function : GetIDEDoc()->functions) {
         const intptr_t handle = Send(SCI_MARKERADD, static_cast<uintptr_t>(function.line - 1), kMarkerFunction);
         function.SetMark(this, handle);

@@ -3,15 +3,18 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "editor/FileKind.h"
 #include "editor/PrintLayout.h"
 #include "editor/SciWindow.h"
 #include "framework/View.h"
+#include "navigation/BrowseRecord.h"
 
 class CIDEDoc;
 class CViewPrint;
+class QMenu;
 
 // Lines and columns count from 0. Main thread.
 class CIDEView : public CView {
@@ -61,6 +64,7 @@ public:
     // of a breakpoint that the engine has already, -1 for none. Nothing for line -1.
     virtual void OnDebugToggleBreakpoint(intptr_t line, int change, int engineId = -1);
 
+    void PlaceFunctionMarks();  // on the lines of the document's functions, in place of the old ones
     virtual void OnPathNamed();  // the document was saved under a first or other name: the marks are that file's
     void RefreshValueTip();  // at a stop of the target: shows the value under the pointer anew
 
@@ -90,7 +94,6 @@ private:
     void FitToSize(std::string &bytes);
     void ShowText(const std::string &bytes);
     void PlaceMarks();
-    void PlaceFunctionMarks();
     void TakeOverMarks();
 
     void OnModifyAttempt();
@@ -99,7 +102,9 @@ private:
     void OnModified(const SciLexerNotification &notification);
 
     void ShowValueTip(const SciLexerNotification &notification);
-    void MoveCaretForMenu(const QPoint &at);
+    intptr_t MoveCaretForMenu(const QPoint &at);  // gives the position there
+    void AddSymbolEntries(QMenu &menu, intptr_t position);
+    std::unique_ptr<QMenu> MakeFunctionMenu();  // null when the document has no functions
 
     void ToggleBreakpoint();
     void RunToCursor();
@@ -116,6 +121,7 @@ private:
     bool shown_ = false;  // OnInitialUpdate is over
     bool plain_ = false;  // too large for colours
     int partial_ = 0;     // the text that tells why what is shown isn't what the file holds; 0 when it is
+    std::optional<BrowseRecord> menuSymbol_;  // what the open context menu can go to
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };

@@ -8,6 +8,7 @@
 #include "editor/IDEView.h"
 #include "editor/ListingRedirect.h"
 #include "editor/ViewSetup.h"
+#include "navigation/BrowseNavigation.h"
 
 namespace {
 
@@ -60,6 +61,11 @@ void CIDEView::MapCommands() {
 }
 
 bool CIDEView::OnCmdMsg(int id, CCmdUI *ui) {
+    // The number is a plug-in bar's too; it means the symbol only while the menu that names one is open.
+    if (id == ID_VIEW_GOTO_DEFINITION && menuSymbol_) {
+        if (!ui) ShowDefinition(*menuSymbol_);
+        return true;
+    }
     return RedirectToListing(id, ui) || CView::OnCmdMsg(id, ui);
 }
 

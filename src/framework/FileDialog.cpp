@@ -38,10 +38,14 @@ QString WithoutCase(const QString &filter) {
 bool CFileDialog::DoModal(QWidget *parent) {
     QFileDialog dialog(parent, ToQString(title));
     if (multiple && !mustExist) dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(kind == Kind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setAcceptMode(kind == Kind::save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(kind == Kind::save || !mustExist ? QFileDialog::AnyFile
                        : multiple                       ? QFileDialog::ExistingFiles
                                                         : QFileDialog::ExistingFile);
+    if (kind == Kind::folder) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    }
     if (multiple && !mustExist)  // new names beside several old ones: no mode of the toolkit's has both
         for (QAbstractItemView *view : dialog.findChildren<QAbstractItemView *>())
             if (view->objectName() == "listView" || view->objectName() == "treeView")

@@ -1,4 +1,4 @@
-// The open and save dialogs.
+// The dialogs in which the user picks files or a folder.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ class QWidget;
 // Filled in by the caller, run once, then read. Paths are in the Windows form.
 class CFileDialog {
 public:
-    enum class Kind { open, save };
+    enum class Kind { open, save, folder };  // of a folder title and first directory count
 
     explicit CFileDialog(Kind dialogKind) : kind(dialogKind) {}
 

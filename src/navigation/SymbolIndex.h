@@ -2,17 +2,17 @@
 // and in the user's extra locations.
 #pragma once
 
-#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "navigation/BrowseUpdate.h"
 #include "navigation/SymbolMaps.h"
 
-class CBrowseUpdate;
 class CIDEDoc;
+class CMainFrame;
 
 // Main thread. Paths are in the Windows form.
 class CSymbolIndex {
@@ -29,7 +29,7 @@ public:
 
     // The same behind the user's back, for what happens often: the old index serves until the new one is there.
     void RequestUpdate();
-    bool IsUpdating() const;
+    bool IsUpdating() const { return update_ != nullptr; }
 
     // Runs the tag generator on `arguments` for symbols of `kinds` and waits for its end. False when it can't be started.
     bool RunCtags(const std::string &outputFile, const std::string &kinds, const std::string &arguments);
@@ -52,6 +52,12 @@ public:
     void UpdateDocumentFunctions(const std::string &path, CIDEDoc &document);
 
 private:
+    void UpdateNow(CMainFrame &frame);
+    void TakeOver(CBrowseUpdate::Outcome outcome, SymbolMaps &maps);
+    bool Run(const std::string &commandLine);  // as RunCtags
+
     SymbolMaps maps_;
-    std::unique_ptr<CBrowseUpdate> update_;  // the one that runs, or the last one
+    std::unique_ptr<CBrowseUpdate> update_;  // null while none runs behind the user's back
+    bool waiting_ = false;                   // for the tag generator
+    bool again_ = false;                     // what the present update reads is out of date
 };

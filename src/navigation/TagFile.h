@@ -4,7 +4,9 @@
 // numbers the address is a decimal number, with patterns it is "/^the source line$/".
 #pragma once
 
+#include <cstddef>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +18,20 @@ enum class TagLanguage { c, pascal, basic };
 
 // Adds the symbols of a tag file with line numbers; a kind letter that means no category drops its tag. Names of files
 // come out in the Windows form. Any bytes are accepted.
+class CTagReader {
+public:
+    CTagReader(std::string_view text, TagLanguage language, SymbolMaps &maps);  // text and maps outlive the reader
+    ~CTagReader();
+
+    bool Read(size_t most);  // at most that many tags; false at the end of the text
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+    SymbolMaps &maps_;
+};
+
+// The same in one go.
 void ParseTags(std::string_view text, TagLanguage language, SymbolMaps &maps);
 
 // Adds the prototypes of a tag file with patterns. A declaration that doesn't end on its line gives none.

@@ -168,6 +168,10 @@ bool CChildProcess::HasEnded() {
     return exitCode_ || !known;
 }
 
+void CChildProcess::Kill() {
+    if (!HasEnded()) kill(pid_, SIGKILL);
+}
+
 std::optional<int> CChildProcess::WaitForExit() {
     if (!HasEnded()) {
         bool known;

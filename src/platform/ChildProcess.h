@@ -45,6 +45,7 @@ public:
     void WaitForData(std::chrono::milliseconds limit);
 
     bool HasEnded();                   // without waiting
+    void Kill();                       // at once, and only the process itself; its end has still to be seen
     std::optional<int> WaitForExit();  // exit code, 128 + n for signal n; empty when it can't be told
 
     int Pid() const { return pid_; }

@@ -1,0 +1,108 @@
+#include "navigation/BrowseUpdate.h"
+
+#include <utility>
+
+#include "app/ProjectDirScope.h"
+#include "platform/FileText.h"
+#include "platform/NativePath.h"
+#include "platform/TempFile.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPollTime = 15ms;
+constexpr auto kPatience = 120s;         // with one run of the tag generator
+constexpr size_t kTagsAtOnce = 10'000;  // some milliseconds' work
+
+}  // namespace
+
+CBrowseUpdate::CBrowseUpdate(BrowseFiles files, const CtagsLanguage &language, Finished finished)
+    : files_(std::move(files)), language_(language), finished_(std::move(finished)) {
+    toRead_.assign(files_.extraTags.rbegin(), files_.extraTags.rend());
+    toRead_.push_back(files_.tags);
+    timer_.setSingleShot(true);
+    timer_.callOnTimeout([this] { (this->*step_)(); });
+    Next(&CBrowseUpdate::StartTags);
+}
+
+CBrowseUpdate::~CBrowseUpdate() {
+    if (finished_) DropFiles();
+}
+
+void CBrowseUpdate::DropFiles() {
+    ctags_.reset();  // it would write them
+    DeleteFileA(list_);
+    DeleteFileA(files_.prototypes);
+}
+
+void CBrowseUpdate::Next(Step step) {
+    step_ = step;
+    timer_.start(ctags_ ? kPollTime : 0ms);
+}
+
+void CBrowseUpdate::Finish(Outcome outcome) {
+    DropFiles();
+    const Finished finished = std::exchange(finished_, nullptr);
+    finished(outcome, maps_);
+}
+
+bool CBrowseUpdate::Start(const char *kinds, const std::string &output, const char *numbering) {
+    ctags_ = std::make_unique<CCtagsProcess>();
+    started_ = std::chrono::steady_clock::now();
+    const std::string arguments = std::string(numbering) + " -L \"" + ToNativePath(list_) + "\"";
+    const ProjectDirScope scope(files_.project);
+    return ctags_->Start(IndexCommandLine(language_.option, kinds, ToNativePath(output), arguments));
+}
+
+bool CBrowseUpdate::HasCtagsEnded() {
+    if (!ctags_->WaitForEnd(0ms)) return false;
+    ctags_.reset();
+    return true;
+}
+
+void CBrowseUpdate::StartTags() {
+    list_ = WriteBrowseFileList(files_.project);
+    if (list_.empty() || !Start(language_.indexKinds, files_.tags, "-n")) {
+        Finish(Outcome::notStarted);
+        return;
+    }
+    Next(&CBrowseUpdate::AwaitTags);
+}
+
+void CBrowseUpdate::AwaitTags() {
+    if (HasCtagsEnded())
+        Next(&CBrowseUpdate::ReadTags);
+    else if (std::chrono::steady_clock::now() - started_ > kPatience)
+        Finish(Outcome::givenUp);
+    else
+        Next(&CBrowseUpdate::AwaitTags);
+}
+
+void CBrowseUpdate::ReadTags() {
+    if (!reader_) {
+        text_ = ReadWholeFile(toRead_.back()).value_or(std::string());
+        toRead_.pop_back();
+        reader_ = std::make_unique<CTagReader>(text_, language_.language, maps_);
+    }
+    if (!reader_->Read(kTagsAtOnce)) reader_.reset();
+    Next(reader_ || !toRead_.empty() ? &CBrowseUpdate::ReadTags : &CBrowseUpdate::StartPrototypes);
+}
+
+void CBrowseUpdate::StartPrototypes() {
+    text_ = {};
+    if (Start(kPrototypeKinds, files_.prototypes, "-N"))
+        Next(&CBrowseUpdate::AwaitPrototypes);
+    else
+        Finish(Outcome::read);
+}
+
+void CBrowseUpdate::AwaitPrototypes() {
+    const bool ended = HasCtagsEnded();
+    if (!ended && std::chrono::steady_clock::now() - started_ <= kPatience) {
+        Next(&CBrowseUpdate::AwaitPrototypes);
+        return;
+    }
+    if (ended) ParsePrototypes(ReadWholeFile(files_.prototypes).value_or(std::string()), maps_.Prototypes);
+    Finish(ended ? Outcome::read : Outcome::givenUp);
+}
