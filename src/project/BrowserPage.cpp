@@ -17,9 +17,13 @@ constexpr const char *kSection = "Browser";
 constexpr const char *kSystemHeaders = "UseSysHeaders";
 constexpr const char *kSableHeaders = "UseSableHeaders";
 
+bool IsOn(const char *key) {
+    return GetProjectInt(kSection, key, 1) != 0;
+}
+
 QCheckBox *MakeBox(int text, const char *key) {
     auto *box = new QCheckBox(ToQString(LoadText(text)));
-    box->setChecked(GetProjectInt(kSection, key, 1) != 0);
+    box->setChecked(IsOn(key));
     return box;
 }
 
@@ -36,7 +40,13 @@ CBrowserPage::CBrowserPage()
     layout->addStretch();
 }
 
-void CBrowserPage::Store() const {
-    SetProjectString(kSection, kSystemHeaders, systemHeaders_->isChecked() ? "1" : "0");
-    SetProjectString(kSection, kSableHeaders, sableHeaders_->isChecked() ? "1" : "0");
+bool CBrowserPage::Store() const {
+    bool changed = false;
+    const auto store = [&changed](const char *key, const QCheckBox &box) {
+        changed |= IsOn(key) != box.isChecked();
+        SetProjectString(kSection, key, box.isChecked() ? "1" : "0");
+    };
+    store(kSystemHeaders, *systemHeaders_);
+    store(kSableHeaders, *sableHeaders_);
+    return changed;
 }

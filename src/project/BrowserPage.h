@@ -9,7 +9,7 @@ class CBrowserPage : public QWidget {
 public:
     CBrowserPage();  // shows what the active project's file holds
 
-    void Store() const;  // to that file
+    bool Store() const;  // to that file; true when it held something else
 
 private:
     QCheckBox *systemHeaders_;

@@ -228,9 +228,12 @@ void CProjectCommands::ProjectOptions() {
     // The sheet's way to choose another target is the project's file.
     const std::string chosen = GetProjectString("Settings", "Target");
     if (!chosen.empty() && chosen != present) workspace.SetTarget({}, chosen);
-    if (workspace.GetTarget() != present) FollowTargetChange();
-    browser->Store();
+    const bool otherSymbols = browser->Store();
     debugger->Store();
+    if (workspace.GetTarget() != present)
+        FollowTargetChange();
+    else if (otherSymbols)
+        CIDEApp::Get().symbols.UpdateBrowseInfo();
 }
 
 void CProjectCommands::CompilerDialog() {

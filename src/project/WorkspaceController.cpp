@@ -219,6 +219,7 @@ void CWorkspaceController::ConfirmTarget() {
 void CWorkspaceController::ShowActiveProject() {
     ConfirmTarget();
     projects_.ShowTarget();
+    Frame().ConfigBox().ResetContent();  // the configurations of before are another project's
     SetActiveCompiler(WorkspaceOrNone().GetCompilerName());
     FillConfigBox();
 }
@@ -303,8 +304,9 @@ void CWorkspaceController::ActivateProject(const std::string &oldFile, const std
     frame.WorkspaceBar().MarkActiveProject();
     frame.WorkspaceBar().ReloadTodo();
     frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
-    RefreshBuildViews();
     ShowActiveProject();
+    RefreshBuildViews();
+    app.symbols.UpdateBrowseInfo();
     app.session.ClearViews();
     LoadProjectState();
     frame.RefreshTitle();
