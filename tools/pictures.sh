@@ -16,3 +16,5 @@ take message message
 take editor-settings settings
 take dark dark
 take options options
+take symbols-by-category symbols
+take call-tree call-tree
