@@ -47,7 +47,7 @@ struct stat_grammar : public boost::spirit::classic::grammar<stat_grammar> {
             class_record =
                 begin >> "class" >> name[text(actions.class_name)] >> ':' >> fields[range(actions.complete_action)];
             heap_block = str_p("#HEAP_BLOCK") >> ':' >> uint_p >> ',' >> uint_p >> ',' >> uint_p >> ';';
-            line = *(record | class_record | heap_block);
+            line = *(record | class_record | heap_block) >> end_p;
         }
 
         boost::spirit::classic::rule<Scanner> line, record, class_record, heap_block, begin, fields;

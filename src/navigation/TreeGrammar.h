@@ -66,7 +66,7 @@ struct tree_grammar : public boost::spirit::classic::grammar<tree_grammar> {
             head = name >> ':' >> file >> ',' >> line;
             level_start = head[range(actions.add_node_action)] >> ch_p('{')[letter(actions.levelstart_action)];
             level_end = eps_p(is_open) >> ch_p('}')[letter(actions.levelend_action)];
-            items = *(level_start | level_end) >> eps_p(is_closed);
+            items = *(level_start | level_end) >> eps_p(is_closed) >> end_p;
         }
 
         boost::spirit::classic::rule<Scanner> items, level_start, level_end, head, name, file, line;
