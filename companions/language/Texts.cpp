@@ -150,7 +150,7 @@ constexpr TextRow kTexts[] = {
     {IDS_FILE_IS_FOLDER, "!E: %s is a folder, not a file."},
     {IDS_FILE_IS_SPECIAL, "!E: %s is a pipe or a device, not a file."},
     {IDS_FILE_FORBIDDEN, "!E: The file %s can't be read: permission denied."},
-    {IDS_FILE_TOO_LARGE, "!E: The file %s is too large for the editor (%s MB)."},
+    {IDS_FILE_TOO_LARGE, "!E: The file %s is too large to be shown (%s MB)."},
     {IDS_FILE_LARGE_QUESTION, "The file '%s' is very large (%s MB). Opening it takes time and memory.\n\nOpen it?"},
     {IDS_FILE_SHOWN_PLAIN, "The file %s is large: it is shown without colours and folding."},
     {IDS_FILE_LONG_LINES, "The file %s has very long lines: it is shown without colours and folding."},

@@ -15,6 +15,7 @@
 #include "editor/ListBar.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
+#include "navigation/CodeWindows.h"
 #include "navigation/WorkspaceBar.h"
 
 namespace {
@@ -52,6 +53,7 @@ bool CMainFrame::CreateBars() {
     eepromBar_ = new CEepromBar(this);
     stackBar_ = new CStackBar(this);
     listBar_ = new CListBar(this);
+    OfferCodeWindows(*listBar_);
     profileBar_ = new CProfileBar(this);
     debugToolBar_ = CreateToolBar(kBarDebug, IDS_BAR_DEBUG, IDR_TOOLBAR_DEBUG);
     editToolBar_ = CreateToolBar(kBarEdit, IDS_BAR_EDIT, IDR_TOOLBAR_EDIT);

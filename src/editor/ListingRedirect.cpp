@@ -5,6 +5,7 @@
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
+#include "editor/CodeViewContainer.h"
 #include "editor/ListBar.h"
 #include "editor/ListingView.h"
 #include "framework/CommandReplay.h"
@@ -27,7 +28,11 @@ bool RedirectToListing(int id, CCmdUI *ui) {
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     CListBar *bar = frame ? &frame->ListBar() : nullptr;
     if (!bar || !bar->HoldsFocus()) return false;
-    if (off) {
+    CView *shown = bar->Container().GetActiveTab();
+    if (shown != &bar->ListingView()) {
+        const bool handled = shown && shown->OnCmdMsg(id, ui);
+        if (!handled && ui) ui->Enable(false);
+    } else if (off) {
         if (ui) ui->Enable(false);
     } else if (!ui) {
         bar->ListingView().PostMessage(kCommandMessage, id);

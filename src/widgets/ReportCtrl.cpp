@@ -100,6 +100,14 @@ std::string CReportCtrl::SelectedText() const {
     return text;
 }
 
+bool CReportCtrl::HasSelection() const {
+    return selectionModel()->hasSelection();
+}
+
+void CReportCtrl::Copy() const {
+    if (HasSelection()) QApplication::clipboard()->setText(ToQString(SelectedText()));
+}
+
 int CReportCtrl::SortColumnOf(const QKeyEvent &event) const {
     const int column = event.key() - Qt::Key_1;
     const bool known = column >= 0 && column < 9 && column < rows_->columnCount();
@@ -134,7 +142,7 @@ void CReportCtrl::keyPressEvent(QKeyEvent *event) {
     if (IsReturnKey(*event)) {
         Activate(currentIndex());
     } else if (event->matches(QKeySequence::Copy)) {
-        if (const std::string text = SelectedText(); !text.empty()) QApplication::clipboard()->setText(ToQString(text));
+        Copy();
     } else if (const int column = SortColumnOf(*event); column >= 0) {
         const bool again =
             header()->sortIndicatorSection() == column && header()->sortIndicatorOrder() == Qt::AscendingOrder;

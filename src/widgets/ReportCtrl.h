@@ -34,7 +34,9 @@ public:
     // Rows set later are sorted in the same way.
     void SortBy(int column, Qt::SortOrder order = Qt::AscendingOrder);
 
-    std::string SelectedText() const;  // what a copy takes
+    std::string SelectedText() const;  // the selected rows in the order on show
+    bool HasSelection() const;
+    void Copy() const;  // the selected text, if any
 
     std::function<void(intptr_t)> onActivate;  // a double click or Return on a row with data
 
