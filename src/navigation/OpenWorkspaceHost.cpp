@@ -3,25 +3,47 @@
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
 #include "app/Path.h"
+#include "app/PathNames.h"
 #include "app/StringIds.h"
 #include "framework/Language.h"
+#include "navigation/BrowseNavigation.h"
 #include "navigation/FilePresence.h"
+#include "navigation/OpenSource.h"
+#include "navigation/OutputListDlg.h"
+#include "navigation/WorkspaceBar.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 #include "platform/Profile.h"
 #include "project/CurrentWorkspace.h"
 #include "project/Project.h"
+#include "project/ProjectSettings.h"
 #include "project/Workspace.h"
 
 namespace {
-
-constexpr uint32_t kOutputListSize = 1024;  // longest output list that is read, with its terminating zero
 
 FileEntry MakeFileEntry(const CProject &project, const std::string &name, CFilePresence &presence) {
     FileEntry entry{name, project.GetFileFullPath(name)};
     entry.exists = presence.Exists(entry.path);
     return entry;
 }
+
+std::string DefaultOutputList(CProject &project) {
+    const std::string list = project.GetDefOutputFilter();
+    return list.empty() ? kDefaultOutputs : list;
+}
+
+std::string OutputListOf(CProject &project) {
+    return ReadProfileString("Workspace", "Output", DefaultOutputList(project), project.GetFullPath(),
+                             kLongestOutputList + 1);
+}
+
+std::string RelativeName(const CProject &project, std::string file) {
+    MakeRelativeToFile(project.GetFullPath(), file);
+    return file;
+}
+
+// Behind the makefile, in the order of ProjectBuild.
+constexpr const char *kBuildArguments[] = {"", "-a all", "clean"};
 
 }  // namespace
 
@@ -61,9 +83,7 @@ std::optional<ProjectEntry> COpenWorkspaceHost::Project(const std::string &name)
 }
 
 void COpenWorkspaceHost::ReadOutputs(CProject &project, ProjectEntry &entry) {
-    std::string fallback = project.GetDefOutputFilter();
-    if (fallback.empty()) fallback = kDefaultOutputs;
-    const std::string list = ReadProfileString("Workspace", "Output", fallback, entry.path, kOutputListSize);
+    const std::string list = OutputListOf(project);
     entry.hasOutputs = !SplitOutputList(list).empty();
     const CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     const auto expand = [&](std::string text) {
@@ -147,6 +167,68 @@ void COpenWorkspaceHost::RemoveFile(const std::string &project, const std::strin
     CIDEApp::Get().workspaces.Projects().RemoveFile(project, file);
 }
 
+bool COpenWorkspaceHost::CanMakeRelative(const std::string &project, const std::string &file) const {
+    return WorkspaceOrNone().Call(project, false,
+                                  [&](CProject &found) { return RelativeName(found, file) != file; });
+}
+
+void COpenWorkspaceHost::MakeRelative(const std::string &project, const std::string &file) {
+    CWorkspace &workspace = WorkspaceOrNone();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    const std::string relative =
+        workspace.Call(project, file, [&](CProject &found) { return RelativeName(found, file); });
+    if (!frame || relative == file) return;
+    if (!workspace.RemoveFile(project, file)) {
+        frame->ShowError(LoadText(IDS_CANT_REMOVE_FILE, {DisplayPath(file)}));
+        return;
+    }
+    workspace.AddFile(project, relative);
+    frame->WorkspaceBar().RemoveFile(project, file);
+    frame->WorkspaceBar().AddFile(project, relative);
+    CIDEApp::Get().symbols.UpdateBrowseInfo();
+}
+
+void COpenWorkspaceHost::EditOutputs(const std::string &project) {
+    CWorkspace &workspace = WorkspaceOrNone();
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    const auto found = workspace.FindProject(project);
+    if (!frame || !found) return;
+    const auto read = [&](auto list) { return workspace.Call(project, std::string(), list); };
+    const std::string title = CPath(workspace.GetProjectFileName(project)).GetTitle();
+    COutputListDlg dialog(frame, title, read(OutputListOf), read(DefaultOutputList));
+    if (dialog.exec() != QDialog::Accepted) return;
+    const std::string file = workspace.ProjectFullPath(project);
+    if (!WritePrivateProfileStringA("Workspace", "Output", dialog.List().c_str(), file.c_str()))
+        frame->ShowError(LoadText(IDS_OUTPUT_LIST_NOT_SAVED, {DisplayPath(file)}));
+    frame->WorkspaceBar().RebuildOutputRows();
+}
+
+bool COpenWorkspaceHost::CanBuild() const {
+    const CIDEApp &app = CIDEApp::Get();
+    return app.build.IsIdle() && !app.session.IsOpen();
+}
+
+void COpenWorkspaceHost::Build(const std::string &project, ProjectBuild kind) {
+    CIDEApp::Get().build.BuildProject(project, kBuildArguments[static_cast<size_t>(kind)], kind == ProjectBuild::clean,
+                                      true);
+}
+
 void COpenWorkspaceHost::ShowMenu(int resource, const QPoint &at, CCmdTarget &target) {
     if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->TrackPopupMenu(resource, at, &target);
+}
+
+SymbolMaps &COpenWorkspaceHost::Symbols() {
+    return CIDEApp::Get().symbols.Maps();
+}
+
+void COpenWorkspaceHost::OpenSymbol(const BrowseRecord &record) {
+    if (CIDEDoc *document = OpenSourceAtLine(record.file, record.line)) LocateSymbolInViews(*document, record);
+}
+
+void COpenWorkspaceHost::OpenLine(const std::string &file, int line) {
+    OpenSourceAtLine(file, line);
+}
+
+void COpenWorkspaceHost::StoreGrouping(int grouping) {
+    SetProjectString("Browse", "Grouping", std::to_string(grouping));
 }

@@ -1,4 +1,4 @@
-// The project tree's way to the open workspace and to the commands on it.
+// The workspace bar's way to the open workspace, the symbol index and the commands on them.
 #pragma once
 
 #include "navigation/WorkspaceBarHost.h"
@@ -23,7 +23,17 @@ class COpenWorkspaceHost : public CWorkspaceBarHost {
     void AskForNewFile(const std::string &project) override;
     void AddFiles(const std::string &project, const std::vector<std::string> &files) override;
     void RemoveFile(const std::string &project, const std::string &file) override;
+    bool CanMakeRelative(const std::string &project, const std::string &file) const override;
+    void MakeRelative(const std::string &project, const std::string &file) override;
+    void EditOutputs(const std::string &project) override;
+    bool CanBuild() const override;
+    void Build(const std::string &project, ProjectBuild kind) override;
     void ShowMenu(int resource, const QPoint &at, CCmdTarget &target) override;
+
+    SymbolMaps &Symbols() override;
+    void OpenSymbol(const BrowseRecord &record) override;
+    void OpenLine(const std::string &file, int line) override;
+    void StoreGrouping(int grouping) override;
 
  private:
     static void ReadOutputs(CProject &project, ProjectEntry &entry);

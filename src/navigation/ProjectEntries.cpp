@@ -40,11 +40,8 @@ std::vector<FileEntry> MakeOutputEntries(std::string_view list, const std::funct
         entry.name = expand(std::move(piece));
         if (entry.name.empty()) continue;
         entry.path = fullPath(entry.name);
-        if (!FileExists(entry.path)) continue;
-        const bool known = std::any_of(entries.begin(), entries.end(), [&](const FileEntry &other) {
-            return FileKey(other.path) == FileKey(entry.path);
-        });
-        if (!known) entries.push_back(std::move(entry));
+        entry.exists = FileExists(entry.path);
+        entries.push_back(std::move(entry));
     }
     return entries;
 }

@@ -28,7 +28,7 @@ inline constexpr const char *kDefaultOutputs = "%config%/%name%.asm;%config%/%na
 // The entries of an output list; semicolons, commas, tabs and blanks separate them.
 std::vector<std::string> SplitOutputList(std::string_view list);
 
-// The rows of a project's output folder: the entries of `list`, expanded, whose files exist, each file once.
+// The rows of a project's output folder: the entries of `list`, each expanded, but for those that are empty then.
 // `expand` fills in the variables of an entry, `fullPath` resolves its name from the project's directory.
 std::vector<FileEntry> MakeOutputEntries(std::string_view list, const std::function<std::string(std::string)> &expand,
                                          const std::function<std::string(const std::string &)> &fullPath);

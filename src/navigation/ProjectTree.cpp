@@ -11,6 +11,7 @@
 #include "app/CommandIds.h"
 #include "app/StringIds.h"
 #include "framework/Text.h"
+#include "navigation/FolderDelegate.h"
 #include "navigation/WorkspaceBarHost.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
@@ -66,6 +67,7 @@ struct CProjectTree::Place {
 CProjectTree::CProjectTree(CWorkspaceBarHost &host, QWidget *parent)
     : QTreeView(parent), host_(host), model_(new CProjectTreeModel(this)) {
     setModel(model_);
+    setItemDelegate(new CFolderDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -75,32 +77,6 @@ CProjectTree::CProjectTree(CWorkspaceBarHost &host, QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setAcceptDrops(true);
     MapCommands();
-}
-
-void CProjectTree::MapCommands() {
-    const auto needsProject = [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty()); };
-    OnCommand(
-        ID_PROJECT_ACTIVATE, [this] { MakeProjectActive(SelectedProject()); },
-        [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty() && !model_->InActiveProject(currentIndex())); });
-    OnCommand(
-        ID_PROJECT_REMOVE, [this] { host_.RemoveProject(SelectedProject()); },
-        [this](CCmdUI &ui) { ui.Enable(!SelectedProject().empty() && host_.HoldsManyProjects()); });
-    OnCommand(
-        ID_PROJECT_ADD_FILES, [this] { host_.AskForFiles(SelectedProject()); }, needsProject);
-    OnCommand(
-        ID_PROJECT_ADD_NEW_FILE, [this] { host_.AskForNewFile(SelectedProject()); }, needsProject);
-    OnCommand(
-        ID_PROJECT_REMOVE_FILE, [this] { RemoveSelectedFile(); },
-        [this](CCmdUI &ui) { ui.Enable(!SelectedFile().empty()); });
-}
-
-bool CProjectTree::OnCmdMsg(int id, CCmdUI *ui) {
-    if (CCmdTarget::OnCmdMsg(id, ui)) return true;
-    // What the program does to the active project only must not seem to be done to another one.
-    const bool activeOnly = id == ID_PROJECT_TARGET || id == ID_PROJECT_OPTIONS || id == ID_PROJECT_ADD_LIBRARY;
-    if (!activeOnly || model_->InActiveProject(currentIndex())) return false;
-    if (ui) ui->Enable(false);
-    return true;
 }
 
 CProjectTree::Place CProjectTree::NotePlace() {
@@ -225,15 +201,6 @@ void CProjectTree::OpenRow(const QModelIndex &index) {
     if (index.isValid()) setExpanded(index, !isExpanded(index));
 }
 
-void CProjectTree::MakeProjectActive(const std::string &project) {
-    if (!project.empty() && !model_->InActiveProject(model_->FindProject(project))) host_.ActivateProject(project);
-}
-
-void CProjectTree::RemoveSelectedFile() {
-    const std::string file = SelectedFile();
-    if (!file.empty()) host_.RemoveFile(SelectedProject(), file);
-}
-
 bool CProjectTree::event(QEvent *event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
@@ -299,9 +266,11 @@ void CProjectTree::contextMenuEvent(QContextMenuEvent *event) {
             host_.ShowMenu(IDR_WORKSPACE_MENU_PROJECT, at, *this);
             return;
         case RowKind::file:
+            host_.ShowMenu(IDR_WORKSPACE_MENU_FILE, at, *this);
+            return;
         case RowKind::outputFolder:
         case RowKind::outputFile:
-            host_.ShowMenu(IDR_WORKSPACE_MENU_FILE, at, *this);
+            host_.ShowMenu(IDR_WORKSPACE_MENU_OUTPUTS, at, *this);
             return;
     }
 }
@@ -334,6 +303,5 @@ void CProjectTree::dragMoveEvent(QDragMoveEvent *event) {
 }
 
 void CProjectTree::dropEvent(QDropEvent *event) {
-    const std::string project = model_->ProjectOf(indexAt(event->position().toPoint()));
-    TakeDrop(*event, project.empty() ? host_.ActiveProject() : project);
+    TakeDrop(*event, host_.ActiveProject());
 }

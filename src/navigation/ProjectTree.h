@@ -54,9 +54,14 @@ class CProjectTree : public QTreeView, public CCmdTarget {
     Place NotePlace();
     void RestorePlace(const Place &place);
     void MapCommands();
+    void MapProjectCommands();
+    void MapFileCommands();
+    std::string ProjectText() const;  // of the row of the selected project, for menu entries
+    std::string RowText() const;      // of the selected row
     void OpenRow(const QModelIndex &index);
     void MakeProjectActive(const std::string &project);
     void RemoveSelectedFile();
+    void MakeSelectedFileRelative();
 
     CWorkspaceBarHost &host_;
     CProjectTreeModel *model_;

@@ -10,6 +10,7 @@
 #include "framework/Language.h"
 #include "framework/Text.h"
 #include "navigation/FilePresence.h"
+#include "navigation/FolderDelegate.h"
 #include "platform/NativePath.h"
 
 struct CProjectTreeModel::Row {
@@ -173,20 +174,23 @@ void CProjectTreeModel::SetOutputs(const ProjectEntry &project) {
         }
         Insert(folder, i, MakeRow<Row>(RowKind::outputFile, entry));
     }
+    while (folder.rows.size() > project.outputs.size()) Remove(folder, folder.rows.size() - 1);
 }
 
 void CProjectTreeModel::LookForFiles() {
     CFilePresence presence;
-    for (auto &project : root_->rows) {
+    const auto look = [&](Row &row) {
+        const bool exists = presence.Exists(row.entry.path);
+        if (exists == row.entry.exists) return;
+        row.entry.exists = exists;
+        const QModelIndex index = IndexOf(row);
+        emit dataChanged(index, index);
+    };
+    for (auto &project : root_->rows)
         for (auto &row : project->rows) {
-            if (row->kind != RowKind::file) continue;
-            const bool exists = presence.Exists(row->entry.path);
-            if (exists == row->entry.exists) continue;
-            row->entry.exists = exists;
-            const QModelIndex index = IndexOf(*row);
-            emit dataChanged(index, index);
+            if (row->kind == RowKind::file) look(*row);
+            for (auto &output : row->rows) look(*output);
         }
-    }
 }
 
 RowKind CProjectTreeModel::KindOf(const QModelIndex &index) const {
@@ -195,6 +199,10 @@ RowKind CProjectTreeModel::KindOf(const QModelIndex &index) const {
 
 std::string CProjectTreeModel::PathOf(const QModelIndex &index) const {
     return RowOf(index)->entry.path;
+}
+
+std::string CProjectTreeModel::NameOf(const QModelIndex &index) const {
+    return RowOf(index)->entry.name;
 }
 
 std::string CProjectTreeModel::ProjectOf(const QModelIndex &index) const {
@@ -273,10 +281,12 @@ QVariant CProjectTreeModel::data(const QModelIndex &index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             if (row.kind == RowKind::empty) return ToQString(LoadText(IDS_EMPTY_TREE));
-            if (row.kind == RowKind::outputFolder) return ToQString(LoadText(IDS_BAR_OUTPUT));
+            if (row.kind == RowKind::outputFolder) return ToQString(LoadText(IDS_OUTPUT_FOLDER));
             return ToQString(RowText(row.entry.name));
         case Qt::DecorationRole:
             return IconOf(row);
+        case kOpenIconRole:
+            return row.kind == RowKind::outputFolder ? QVariant(Icon("folder-open")) : QVariant();
         case Qt::ToolTipRole:
             return TipOf(row);
         case Qt::FontRole: {
@@ -311,6 +321,10 @@ QIcon CProjectTreeModel::IconOf(const Row &row) const {
             name = FileIconName(row.entry.name);
             break;
     }
+    return Icon(name);
+}
+
+const QIcon &CProjectTreeModel::Icon(const char *name) const {
     auto [found, isNew] = icons_.try_emplace(name);
     if (isNew) found->second = LoadIcon(name);
     return found->second;

@@ -1,4 +1,4 @@
-// The rows of the project tree: projects, their files, and a folder with what their build left.
+// The rows of the project tree: projects, their files, and a folder with what their build leaves.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -26,10 +26,11 @@ class CProjectTreeModel : public QAbstractItemModel {
     void AddFile(const std::string &project, const FileEntry &file);
     void RemoveFile(const std::string &project, const std::string &file);
     void SetOutputs(const ProjectEntry &project);  // its `outputs`; leaves rows that stay the same alone
-    void LookForFiles();                           // which sources exist by now
+    void LookForFiles();                           // which sources and outputs exist by now
 
     RowKind KindOf(const QModelIndex &index) const;
     std::string PathOf(const QModelIndex &index) const;     // of a project or file row, else empty
+    std::string NameOf(const QModelIndex &index) const;     // as the project or workspace spells it
     std::string ProjectOf(const QModelIndex &index) const;  // of a row and all above it; empty for none
     bool InActiveProject(const QModelIndex &index) const;
     QModelIndex FindProject(const std::string &project) const;
@@ -53,6 +54,7 @@ class CProjectTreeModel : public QAbstractItemModel {
     void FillProject(Row &row, const ProjectEntry &project) const;
     void AddEmptyRow();
     QIcon IconOf(const Row &row) const;
+    const QIcon &Icon(const char *name) const;
     QString TipOf(const Row &row) const;
 
     std::unique_ptr<Row> root_;

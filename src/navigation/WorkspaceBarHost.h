@@ -1,4 +1,4 @@
-// What the project tree asks of the program around it.
+// What the views of the workspace bar ask of the program around them.
 #pragma once
 
 #include <memory>
@@ -7,9 +7,12 @@
 #include <vector>
 
 #include "navigation/ProjectEntries.h"
+#include "navigation/SymbolMaps.h"
 
 class CCmdTarget;
 class QPoint;
+
+enum class ProjectBuild { build, rebuild, clean };
 
 // Projects and files are named by full paths in the Windows form, as the entries give them. Main thread.
 class CWorkspaceBarHost {
@@ -34,7 +37,18 @@ class CWorkspaceBarHost {
     virtual void AskForNewFile(const std::string &project) = 0;
     virtual void AddFiles(const std::string &project, const std::vector<std::string> &files) = 0;
     virtual void RemoveFile(const std::string &project, const std::string &file) = 0;
+    virtual bool CanMakeRelative(const std::string &project, const std::string &file) const = 0;  // as it is spelled
+    virtual void MakeRelative(const std::string &project, const std::string &file) = 0;
+    virtual void EditOutputs(const std::string &project) = 0;  // by dialog
+    virtual bool CanBuild() const = 0;
+    virtual void Build(const std::string &project, ProjectBuild kind) = 0;
     virtual void ShowMenu(int resource, const QPoint &at, CCmdTarget &target) = 0;
+
+    // Symbols and remarks
+    virtual SymbolMaps &Symbols() = 0;
+    virtual void OpenSymbol(const BrowseRecord &record) = 0;
+    virtual void OpenLine(const std::string &file, int line) = 0;  // from 1
+    virtual void StoreGrouping(int grouping) = 0;                  // in the active project's file
 };
 
 // The host that speaks to the application object and the open workspace.

@@ -3,8 +3,10 @@
 
 #include <boost/shared_ptr.hpp>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "app/FilePath.h"
@@ -57,6 +59,9 @@ public:
     bool Load();
     bool Save();
     const ProjectLoadFailure &GetLoadFailure() const { return failure_; }
+
+    // The first number in the file's list without a readable name, counted from 0; once for each Load.
+    std::optional<size_t> TakeUnreadableFile() { return std::exchange(unreadableFile_, std::nullopt); }
 
     bool SetToolsuite(const std::string &name);  // false when no such toolsuite was discovered
     std::string GetToolsuiteName() const;        // empty without a toolsuite
@@ -139,4 +144,5 @@ private:
     std::string activeDirectory_;
     std::string target_;
     ProjectLoadFailure failure_;
+    std::optional<size_t> unreadableFile_;
 };

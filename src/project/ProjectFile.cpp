@@ -59,9 +59,14 @@ void CProject::LoadFiles() {
     const std::string path = GetFullPath();
     const size_t count = ReadProfileCount("Files", "Count", path);
     std::vector<std::string> names;
-    for (size_t i = 0; i < count; ++i)
-        if (std::string name = ReadProfileString("Files", FileEntryKey(i), {}, path); !name.empty())
+    unreadableFile_.reset();
+    for (size_t i = 0; i < count; ++i) {
+        std::string name = ReadProfileString("Files", FileEntryKey(i), {}, path);
+        if (!name.empty())
             names.push_back(std::move(name));
+        else if (!unreadableFile_)
+            unreadableFile_ = i;
+    }
     std::ranges::sort(names);
 
     files_.clear();

@@ -56,7 +56,9 @@ std::string AbsolutePath(const std::string &path) {
 CWorkspaceController::CWorkspaceController() : commands_(*this) {}
 
 bool CWorkspaceController::OnCmdMsg(int id, CCmdUI *ui) {
-    return commands_.OnCmdMsg(id, ui) || projects_.OnCmdMsg(id, ui);
+    if (commands_.OnCmdMsg(id, ui) || projects_.OnCmdMsg(id, ui)) return true;
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    return frame && frame->WorkspaceBar().OnCmdMsg(id, ui);
 }
 
 bool CWorkspaceController::OpenWorkspace(const char *path, bool multiple) {
@@ -104,17 +106,24 @@ void CWorkspaceController::ShowWorkspace() {
         if (CurrentWorkspace()->GetProjects().empty()) {
             frame.WorkspaceBar().Fill();
             frame.ConfigBox().ResetContent();
+            frame.WorkspaceBar().ReloadTodo();
             CIDEApp::Get().symbols.UpdateBrowseInfo();
         } else {
+            frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
             RefreshAfterProjectChange();
             SelectConfiguration();
         }
     }
     LoadProjectState();
-    frame.WorkspaceBar().ReloadTodo();
-    frame.WorkspaceBar().ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
     frame.RefreshTitle();
     frame.UpdateCommandUI();
+    for (const auto &project : CurrentWorkspace()->GetProjects()) ReportUnreadableFile(*project);
+}
+
+void CWorkspaceController::ReportUnreadableFile(CProject &project) {
+    if (const std::optional<size_t> number = project.TakeUnreadableFile())
+        Frame().ShowError(
+            LoadText(IDS_FILE_ENTRY_UNREADABLE, {std::to_string(*number), DisplayPath(project.GetStoredName())}));
 }
 
 bool CWorkspaceController::CloseWorkspace() {
@@ -184,6 +193,7 @@ void CWorkspaceController::ShowNothing() {
     for (int pane : {kPaneWorkspace, kPaneTarget, kPaneCompiler, kPaneClock}) frame.SetStatusText(pane, {});
     frame.WorkspaceBar().SetTitle({});
     frame.WorkspaceBar().Clear();
+    frame.WorkspaceBar().ReloadTodo();
     frame.ListBar().UpdateCodeWindowTabs();
     frame.ListBar().ClearAll();
     CIDEApp::Get().symbols.UpdateBrowseInfo();
@@ -251,6 +261,7 @@ void CWorkspaceController::SelectConfiguration() {
         bar.RebuildOutputRows();
         bar.SetFirstVisibleRow(row);
     }
+    bar.ReloadTodo();
     CIDEApp::Get().symbols.UpdateBrowseInfo();
     RefreshBuildViews();
 }
@@ -336,6 +347,7 @@ void CWorkspaceController::AddProjectToWorkspace(const std::string &file) {
     }
     ActivateProject(oldFile, file);
     SelectConfiguration();
+    if (const auto project = workspace->FindProject(file)) ReportUnreadableFile(*project);
 }
 
 void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {

@@ -22,7 +22,7 @@ TEST(ProjectEntries, SplitsOutputLists) {
     for (const auto &c : cases) EXPECT_EQ(SplitOutputList(c.list), c.expected) << c.list;
 }
 
-TEST(ProjectEntries, ListsEachOutputThatExistsOnce) {
+TEST(ProjectEntries, ListsOutputsWhetherOrNotTheyExist) {
     const ScratchFiles scratch;
     scratch.Make("Debug/blink.hex");
     scratch.Make("Debug/blink.lst");
@@ -34,13 +34,12 @@ TEST(ProjectEntries, ListsEachOutputThatExistsOnce) {
     };
     const auto fullPath = [&](const std::string &name) { return scratch.PathOf(name); };
 
-    const auto entries = MakeOutputEntries(
-        "%none%;%config%/blink.lst;%config%/blink.cof;DEBUG\\BLINK.LST,%config%/map;%config%/blink.hex", expand,
-        fullPath);
+    const auto entries =
+        MakeOutputEntries("%none%;%config%/blink.lst;%config%/blink.cof,%config%/map;%config%/BLINK.hex", expand, fullPath);
 
-    Texts names;
-    for (const FileEntry &entry : entries) names.push_back(entry.name);
-    EXPECT_EQ(names, (Texts{"Debug/blink.lst", "Debug/blink.hex"}));
+    Texts shown;
+    for (const FileEntry &entry : entries) shown.push_back(entry.name + (entry.exists ? "" : " missing"));
+    EXPECT_EQ(shown, (Texts{"Debug/blink.lst", "Debug/blink.cof missing", "Debug/map missing", "Debug/BLINK.hex"}));
 }
 
 TEST(ProjectEntries, SortsByNameWithoutRegardToCase) {

@@ -96,6 +96,13 @@ TEST_F(ProjectTreeModel, TouchesOnlyOutputRowsThatChange) {
     model.SetOutputs(project);
     EXPECT_EQ(RowsBelow(model.FindOutputFolder(project.path)), (Texts{"d", "b", "c", "new"}));
 
+    project.outputs = MakeProject("\\w", "", false, {}, {"b", "b", "new"}).outputs;
+    model.SetOutputs(project);
+    EXPECT_EQ(RowsBelow(model.FindOutputFolder(project.path)), (Texts{"b", "b", "new"}));
+    project.outputs.erase(project.outputs.begin());
+    model.SetOutputs(project);
+    EXPECT_EQ(RowsBelow(model.FindOutputFolder(project.path)), (Texts{"b", "new"}));
+
     project.hasOutputs = false;
     model.SetOutputs(project);
     EXPECT_EQ(RowsBelow(model.FindProject(project.path)), (Texts{"main.asm"}));
@@ -109,7 +116,11 @@ TEST_F(ProjectTreeModel, MarksFilesThatAreMissing) {
     const ScratchFiles scratch;
     ProjectEntry project{"p.__c", scratch.PathOf("p.__c")};
     project.files = {{"a.asm", scratch.Make("a.asm")}, {"b.asm", scratch.PathOf("b.asm"), false}};
+    project.outputs = {{"p.hex", scratch.PathOf("p.hex"), false}};
+    project.hasOutputs = true;
     model.SetProjects({project});
+    const QModelIndex output = model.FindRow(project.path, RowKind::outputFile, project.outputs[0].path);
+    EXPECT_TRUE(FontOf(output).italic());
     const QModelIndex a = model.FindRow(project.path, RowKind::file, project.files[0].path);
     const QModelIndex b = model.FindRow(project.path, RowKind::file, project.files[1].path);
     EXPECT_EQ(model.data(a, Qt::ToolTipRole).toString().toStdString(), scratch.Native("a.asm").string());
@@ -119,7 +130,9 @@ TEST_F(ProjectTreeModel, MarksFilesThatAreMissing) {
 
     std::filesystem::remove(scratch.Native("a.asm"));
     scratch.Make("b.asm");
+    scratch.Make("p.hex");
     model.LookForFiles();
+    EXPECT_FALSE(FontOf(output).italic());
     EXPECT_TRUE(FontOf(a).italic());
     EXPECT_FALSE(FontOf(b).italic());
 }

@@ -106,26 +106,42 @@ TEST_F(ProjectTree, TakesKeysForTheSelectedRow) {
 }
 
 TEST_F(ProjectTree, OpensTheMenuOfTheRowUnderTheMouse) {
-    host.askedCommands = {ID_PROJECT_ACTIVATE, ID_PROJECT_REMOVE, ID_PROJECT_ADD_FILES, ID_PROJECT_ADD_NEW_FILE,
-                          ID_PROJECT_REMOVE_FILE};
+    host.askedCommands = {ID_PROJECT_ACTIVATE,     ID_PROJECT_REMOVE,  ID_PROJECT_ADD_FILES, ID_PROJECT_ADD_NEW_FILE,
+                          ID_PROJECT_REMOVE_FILE,  ID_ROW_OPEN_FILE,   ID_ROW_OUTPUT_LIST,   ID_ROW_BUILD,
+                          ID_ROW_MAKE_RELATIVE};
+    host.projects[1].files.push_back({"\\m\\a&b.asm", "\\m\\a&b.asm"});
+    tree.Fill();
     tree.expandAll();
     const auto menu = [](int id) { return Texts{"menu " + std::to_string(id)}; };
     const auto centre = [this](const QModelIndex &index) { return tree.visualRect(index).center(); };
-    using Commands = std::vector<int>;
 
     EXPECT_EQ(OpenMenu(centre(tree.Rows().FindProject(kMeter))), menu(IDR_WORKSPACE_MENU_PROJECT));
-    EXPECT_EQ(host.enabledCommands,
-              (Commands{ID_PROJECT_ACTIVATE, ID_PROJECT_REMOVE, ID_PROJECT_ADD_FILES, ID_PROJECT_ADD_NEW_FILE}));
-    EXPECT_TRUE(SendCommand(tree, ID_PROJECT_ACTIVATE));
-    EXPECT_TRUE(SendCommand(tree, ID_PROJECT_REMOVE));
-    EXPECT_TRUE(SendCommand(tree, ID_PROJECT_ADD_NEW_FILE));
-    EXPECT_EQ(host.TakeCalls(), (Texts{"activate " + kMeter, "remove project " + kMeter, "ask new " + kMeter}));
+    EXPECT_EQ(host.texts, (Texts{"&Set meter.__c as Active Project", "&Remove meter.__c", "&Add Files to meter.__c...",
+                                 "Add &New File to meter.__c...", "Output &Files of meter.__c...", "&Build meter.__c"}));
+    for (const int command : {ID_PROJECT_ACTIVATE, ID_PROJECT_REMOVE, ID_PROJECT_ADD_NEW_FILE, ID_ROW_OUTPUT_LIST,
+                              ID_ROW_BUILD, ID_ROW_REBUILD, ID_ROW_CLEAN})
+        EXPECT_TRUE(SendCommand(tree, command)) << command;
+    EXPECT_EQ(host.TakeCalls(),
+              (Texts{"activate " + kMeter, "remove project " + kMeter, "ask new " + kMeter, "outputs " + kMeter,
+                     "build " + kMeter, "rebuild " + kMeter, "clean " + kMeter}));
 
-    EXPECT_EQ(OpenMenu(centre(File("\\w\\main.asm"))), menu(IDR_WORKSPACE_MENU_FILE));
+    host.idle = false;
+    EXPECT_EQ(OpenMenu(centre(File("\\m\\a&b.asm"))), menu(IDR_WORKSPACE_MENU_FILE));
+    EXPECT_EQ(host.enabledCommands, (std::vector<int>{ID_PROJECT_ACTIVATE, ID_PROJECT_REMOVE, ID_PROJECT_ADD_FILES,
+                                                      ID_PROJECT_ADD_NEW_FILE, ID_PROJECT_REMOVE_FILE, ID_ROW_OPEN_FILE,
+                                                      ID_ROW_OUTPUT_LIST, ID_ROW_MAKE_RELATIVE}));
+    EXPECT_EQ(host.texts[5], "&Open /m/a&&b.asm");
+    EXPECT_TRUE(SendCommand(tree, ID_ROW_OPEN_FILE));
+    EXPECT_TRUE(SendCommand(tree, ID_ROW_MAKE_RELATIVE));
+    EXPECT_EQ(host.TakeCalls(), (Texts{"open \\m\\a&b.asm", "relative " + kMeter + " \\m\\a&b.asm"}));
+    OpenMenu(centre(File("\\w\\main.asm")));
     EXPECT_EQ(tree.SelectedFile(), "\\w\\main.asm");
+    EXPECT_FALSE(SendCommand(tree, ID_ROW_MAKE_RELATIVE)) << "is relative";
+
     host.many = false;
-    OpenMenu(centre(Output()));
-    EXPECT_EQ(host.enabledCommands, (Commands{ID_PROJECT_ADD_FILES, ID_PROJECT_ADD_NEW_FILE}));
+    EXPECT_EQ(OpenMenu(centre(Output())), menu(IDR_WORKSPACE_MENU_OUTPUTS));
+    EXPECT_EQ(host.enabledCommands, (std::vector<int>{ID_PROJECT_ADD_FILES, ID_PROJECT_ADD_NEW_FILE, ID_ROW_OPEN_FILE,
+                                                      ID_ROW_OUTPUT_LIST}));
 
     EXPECT_EQ(OpenMenu({5, 390}), menu(IDR_WORKSPACE_MENU_ROOT));
     host.open = false;
@@ -142,13 +158,13 @@ TEST_F(ProjectTree, KeepsCommandsOnTheActiveProjectFromOtherProjects) {
     EXPECT_FALSE(tree.OnCmdMsg(ID_PROJECT_OPTIONS, &passedOn));
 }
 
-TEST_F(ProjectTree, AddsDroppedFilesToTheProjectUnderThem) {
+TEST_F(ProjectTree, AddsDroppedFilesToTheActiveProject) {
     const ScratchFiles scratch;
     const std::string source = scratch.Make("a b.asm"), other = scratch.Make("other.__C");
     const QPoint meter = tree.visualRect(tree.Rows().FindProject(kMeter)).center(), nowhere(5, 390);
 
     EXPECT_EQ(Drop({source, other, scratch.PathOf("gone.c")}, meter),
-              (Texts{"add " + kMeter + " " + source, "open " + other}));
+              (Texts{"add " + kBlink + " " + source, "open " + other}));
     EXPECT_EQ(Drop({source}, nowhere), Texts{"add " + kBlink + " " + source});
     host.projects.clear();
     tree.Fill();

@@ -37,8 +37,18 @@ void TreeHost::RemoveFile(const std::string &project, const std::string &file) {
 void TreeHost::ShowMenu(int resource, const QPoint &, CCmdTarget &target) {
     calls.push_back("menu " + std::to_string(resource));
     enabledCommands.clear();
-    for (const int command : askedCommands)
-        if (QueryCommand(target, command).enabled) enabledCommands.push_back(command);
+    texts.clear();
+    for (const int command : askedCommands) {
+        const CCmdUI ui = QueryCommand(target, command);
+        if (!ui.enabled) continue;
+        enabledCommands.push_back(command);
+        texts.push_back(ui.text.value_or(""));
+    }
+}
+
+void TreeHost::Build(const std::string &project, ProjectBuild kind) {
+    static constexpr const char *kNames[] = {"build ", "rebuild ", "clean "};
+    calls.push_back(kNames[static_cast<size_t>(kind)] + project);
 }
 
 ProjectEntry MakeProject(const std::string &directory, const std::string &name, bool active,

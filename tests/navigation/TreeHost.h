@@ -1,4 +1,4 @@
-// A program for the project tree that keeps its projects in memory and writes down what it was asked to do.
+// A program for the workspace bar that keeps its projects in memory and writes down what it was asked to do.
 #pragma once
 
 #include <utility>
@@ -13,7 +13,10 @@ class TreeHost : public CWorkspaceBarHost {
     std::vector<std::string> calls;  // "name argument ..."
     bool open = true;
     bool many = true;
+    bool idle = true;  // no build runs
+    SymbolMaps symbols;
     std::vector<int> enabledCommands;  // of the last menu, of those in `askedCommands`
+    std::vector<std::string> texts;    // their entries' texts
     std::vector<int> askedCommands;
 
     ProjectEntry *Find(const std::string &path);
@@ -34,7 +37,21 @@ class TreeHost : public CWorkspaceBarHost {
     void AskForNewFile(const std::string &project) override { calls.push_back("ask new " + project); }
     void AddFiles(const std::string &project, const std::vector<std::string> &files) override;
     void RemoveFile(const std::string &project, const std::string &file) override;
+    bool CanMakeRelative(const std::string &, const std::string &file) const override { return file.starts_with('\\'); }
+    void MakeRelative(const std::string &project, const std::string &file) override {
+        calls.push_back("relative " + project + " " + file);
+    }
+    void EditOutputs(const std::string &project) override { calls.push_back("outputs " + project); }
+    bool CanBuild() const override { return idle; }
+    void Build(const std::string &project, ProjectBuild kind) override;
     void ShowMenu(int resource, const QPoint &at, CCmdTarget &target) override;
+
+    SymbolMaps &Symbols() override { return symbols; }
+    void OpenSymbol(const BrowseRecord &record) override { calls.push_back("symbol " + record.name); }
+    void OpenLine(const std::string &file, int line) override {
+        calls.push_back("line " + file + ":" + std::to_string(line));
+    }
+    void StoreGrouping(int grouping) override { calls.push_back("grouping " + std::to_string(grouping)); }
 
     std::vector<std::string> TakeCalls() { return std::exchange(calls, {}); }
 };
