@@ -91,8 +91,9 @@ TEST_F(Ctags, FindsWhatTheProgramRoutesInEveryLanguage) {
 
 TEST_F(Ctags, WritesLinesAsTheProgramReadsThem) {
     scratch_.Write("list", "main.asm\na.c\n");
-    scratch_.Write(".ctags", "--fields=+Kz\n--sort=no\n");
-    Run({"--c-types=fd", "-f", "out", "-n", "-L", "list"}, {{"HOME", scratch_.Path()}, {"CTAGS", "--fields=+Kz"}});
+    mkdir(scratch_.Path(".ctags.d").c_str(), 0777);
+    scratch_.Write(".ctags.d/own.ctags", "--fields=+Kz\n--sort=no\n");
+    Run({"--c-types=fd", "-f", "out", "-n", "-L", "list"}, {{"HOME", scratch_.Path()}});
     const std::string text = scratch_.Read("out");
     EXPECT_TRUE(text.starts_with("!_TAG_FILE_FORMAT\t2\t")) << text;
     EXPECT_TRUE(text.ends_with("LIMIT\ta.c\t1;\"\td\nRATE\tmain.asm\t1;\"\td\nadd\ta.c\t6;\"\tf\nmain\tmain.asm\t2;\"\tf\n"))
