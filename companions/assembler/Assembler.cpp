@@ -31,6 +31,7 @@ constexpr const char *kDefaultTarget = "PIC16F628A";
 constexpr const char *kSourceFilter = "Asm Files (*.asm)|*.asm|";
 constexpr size_t kOutputFilterSize = 1024;  // of the host's buffer
 constexpr int kAssemblerLanguage = 2;
+constexpr int kCallTreeWindow = 1, kFunctionInfoWindow = 2;
 constexpr int kTargetChosen = 1, kTargetKept = 2;
 
 // No exception may leave the library: a call that can't be done gives the neutral answer.
@@ -317,7 +318,7 @@ TOOL_EXPORT int toolGetKeywords(int kind, CString *keywords) {
 }
 CHECK_EXPORT(toolGetKeywords, ToolGetKeywordsFn);
 
-TOOL_EXPORT int toolSupportedCodeWindowType(int) {
-    return 0;
+TOOL_EXPORT int toolSupportedCodeWindowType(int type) {
+    return type == kCallTreeWindow || type == kFunctionInfoWindow;
 }
 CHECK_EXPORT(toolSupportedCodeWindowType, ToolSupportedCodeWindowTypeFn);

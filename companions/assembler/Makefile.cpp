@@ -75,7 +75,9 @@ private:
     void Collect() {
         for (const PlannedSource &source : plan_.sources) objects_.push_back(source.object);
         program_ = plan_.ProgramFiles();
+        statistics_ = {plan_.Image(".tree"), plan_.Image(".stat")};
         results_ = program_;
+        results_.insert(results_.end(), statistics_.begin(), statistics_.end());
         results_.push_back(plan_.Image(".lib"));
         results_.push_back(plan_.Image(".dis"));
 
@@ -101,7 +103,7 @@ private:
         Words assembleOptions = assemble_;
         assembleOptions.insert(assembleOptions.end(), plan_.includePaths.begin(), plan_.includePaths.end());
         assembleStamp_ = Stamp(plan_, "assemble", Recipe(assembleOptions));
-        linkStamp_ = Stamp(plan_, "link", Recipe(link_) + Recipe(archive_));
+        linkStamp_ = Stamp(plan_, "link", Recipe(link_) + Recipe(statistics_) + Recipe(archive_));
     }
 
     void WriteHead() {
@@ -133,9 +135,10 @@ private:
         Line("");
     }
 
-    std::string Usage() const {
-        return "$(ASMTOOL) usage " + std::string(plan_.device.countsBytes ? "--bytes " : "--size ") +
-               std::to_string(plan_.device.programSize) + " " + RecipeWord(plan_.Image(".cof"));
+    std::string Usage() const { return "$(ASMTOOL) usage" + MemorySize() + " " + RecipeWord(plan_.Image(".cof")); }
+
+    std::string MemorySize() const {
+        return (plan_.device.countsBytes ? " --bytes " : " --size ") + std::to_string(plan_.device.programSize);
     }
 
     void WriteObjects() {
@@ -165,7 +168,8 @@ private:
         rule += "&:" + Inputs();
         if (!plan_.linkerScript.empty()) rule += " " + Prerequisite(plan_.linkerScript);
         Line(rule);
-        Line("\t@$(ASMTOOL) link" + ImageWords(program_) + " -- " + Recipe(link_));
+        Line("\t@$(ASMTOOL) link" + ImageWords(program_) + ImageWords(statistics_) + MemorySize() + " -- " +
+             Recipe(link_));
         if (goals_.memoryUsage) Line("\t@" + Usage());
         WriteGivenFiles();
         Line("");
@@ -234,6 +238,7 @@ private:
     const BuildPlan &plan_;
     const MakefileGoals goals_;
     Words objects_, program_, results_;
+    Words statistics_;                 // made with the program; nothing depends on them
     Words assemble_, link_, archive_;  // command lines; the source's own words are added to the first
     std::string assembleStamp_, linkStamp_;
     std::string text_;

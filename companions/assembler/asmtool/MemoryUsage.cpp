@@ -1,6 +1,6 @@
 #include "MemoryUsage.h"
 
-#include "ObjectFile.h"
+#include "LinkedImage.h"
 #include "platform/NativePath.h"
 
 namespace {
@@ -18,13 +18,10 @@ std::string Share(uint32_t used, uint32_t all, const char *unit) {
 std::string DescribeMemoryUsage(const std::string &image, uint32_t programSize, bool inBytes) {
     const CObjectFile file(FromNativePath(image));
     if (file.Sections().empty()) return {};
-    const uint32_t bytesPerWord = inBytes ? 1 : 2;
     uint32_t program = 0, data = 0;
     for (const CObjectFile::Section &section : file.Sections()) {
-        // Configuration words, identification and EEPROM lie behind the program memory.
-        const bool inProgram = programSize == 0 || section.address < uint64_t{programSize} * bytesPerWord;
-        if (section.IsCode() && inProgram) {
-            program += section.size / bytesPerWord;
+        if (IsInProgram(section, programSize)) {
+            program += ProgramUnits(file, section);
         } else if (section.IsData()) {
             data += section.size;
         }

@@ -8,7 +8,8 @@ namespace {
 
 constexpr uint16_t kMagic = 0x1240;
 constexpr size_t kFileHeaderSize = 20, kSectionSize = 40, kSymbolSize = 20, kRelocationSize = 12, kLineSize = 16;
-constexpr uint8_t kClassFile = 103;
+constexpr size_t kOptionalHeaderSize = 18, kBitsPerAddressOffset = 10;
+constexpr size_t kLongestName = 1024;  // a file can claim that all its names are one long text without end
 
 // Little-endian numbers of a file; what lies behind its end reads as 0.
 uint32_t Number(std::string_view bytes, size_t offset, size_t size) {
@@ -24,7 +25,7 @@ uint32_t Long(std::string_view bytes, size_t offset) {
     return Number(bytes, offset, 4);
 }
 
-std::string TextAt(std::string_view bytes, size_t offset, size_t limit = std::string_view::npos) {
+std::string TextAt(std::string_view bytes, size_t offset, size_t limit = kLongestName) {
     if (offset >= bytes.size()) return {};
     std::string_view text = bytes.substr(offset, limit);
     return std::string(text.substr(0, text.find('\0')));
@@ -35,13 +36,31 @@ size_t Fitting(std::string_view bytes, size_t begin, size_t count, size_t size) 
     return begin >= bytes.size() ? 0 : std::min(count, (bytes.size() - begin) / size);
 }
 
+// The same for a table of one section, `read` being what the sections before it had: no two of them share a record.
+size_t FittingBeside(size_t read, std::string_view bytes, size_t begin, size_t count, size_t size) {
+    return std::min(Fitting(bytes, begin, count, size), bytes.size() / size - std::min(read, bytes.size() / size));
+}
+
 }  // namespace
 
 CObjectFile::CObjectFile(const std::string &path) {
-    const std::optional<std::string> file = ReadWholeFile(path);
-    if (!file || file->size() < kFileHeaderSize || Short(*file, 0) != kMagic) return;
-    ReadSymbols(*file, Long(*file, 8), Long(*file, 12));
-    ReadSections(*file, kFileHeaderSize + Short(*file, 16), Short(*file, 2));
+    if (std::optional<std::string> file = ReadWholeFile(path)) Read(std::move(*file));
+}
+
+CObjectFile CObjectFile::FromBytes(std::string bytes) {
+    CObjectFile file;
+    file.Read(std::move(bytes));
+    return file;
+}
+
+void CObjectFile::Read(std::string file) {
+    bytes_ = std::make_shared<const std::string>(std::move(file));
+    const std::string_view bytes = *bytes_;
+    if (bytes.size() < kFileHeaderSize || Short(bytes, 0) != kMagic) return;
+    if (Short(bytes, 16) >= kOptionalHeaderSize)
+        bitsPerAddress_ = static_cast<int>(Long(bytes, kFileHeaderSize + kBitsPerAddressOffset) & 0xFF);
+    ReadSymbols(bytes, Long(bytes, 8), Long(bytes, 12));
+    ReadSections(bytes, kFileHeaderSize + Short(bytes, 16), Short(bytes, 2));
 }
 
 void CObjectFile::ReadSymbols(std::string_view bytes, size_t begin, size_t count) {
@@ -53,11 +72,17 @@ void CObjectFile::ReadSymbols(std::string_view bytes, size_t begin, size_t count
     symbols_.resize(count);
     for (size_t i = 0; i < count; ++i) {
         const size_t record = begin + i * kSymbolSize;
-        symbols_[i] = {nameAt(record), Long(bytes, record + 8), static_cast<int16_t>(Short(bytes, record + 12))};
-        const uint8_t storage = static_cast<uint8_t>(Number(bytes, record + 18, 1));
+        Symbol &symbol = symbols_[i];
+        symbol.name = nameAt(record);
+        symbol.value = Long(bytes, record + 8);
+        symbol.section = static_cast<int16_t>(Short(bytes, record + 12));
+        symbol.storage = static_cast<Storage>(Number(bytes, record + 18, 1));
         const size_t auxiliaries = Number(bytes, record + 19, 1);
-        if (storage == kClassFile && auxiliaries > 0)
-            files_.push_back({static_cast<uint32_t>(i), TextAt(bytes, strings + Long(bytes, record + kSymbolSize))});
+        if (auxiliaries > 0 && symbol.storage == Storage::section) symbol.length = Long(bytes, record + kSymbolSize);
+        if (auxiliaries > 0 && symbol.storage == Storage::file) {
+            symbol.fileName = TextAt(bytes, strings + Long(bytes, record + kSymbolSize));
+            files_.push_back({static_cast<uint32_t>(i), symbol.fileName});
+        }
         i += auxiliaries;
     }
 }
@@ -70,14 +95,19 @@ void CObjectFile::ReadSections(std::string_view bytes, size_t begin, size_t coun
         const int number = static_cast<int>(i) + 1;
         const std::string name =
             Long(bytes, record) == 0 ? TextAt(bytes, strings + Long(bytes, record + 4)) : TextAt(bytes, record, 8);
-        sections_.push_back({name, Long(bytes, record + 8), Long(bytes, record + 16), Long(bytes, record + 36)});
+        Section section{name, Long(bytes, record + 8), Long(bytes, record + 16), Long(bytes, record + 36), {}};
+        if (const size_t raw = Long(bytes, record + 20); raw != 0 && raw < bytes.size() && section.IsProgram())
+            section.bytes = bytes.substr(raw, section.size);
+        sections_.push_back(std::move(section));
 
         const size_t uses = Long(bytes, record + 24), lines = Long(bytes, record + 28);
-        const size_t useCount = Fitting(bytes, uses, Short(bytes, record + 32), kRelocationSize);
-        for (size_t k = 0; k < useCount; ++k)
-            uses_.push_back(
-                {number, Long(bytes, uses + k * kRelocationSize), Long(bytes, uses + k * kRelocationSize + 4)});
-        const size_t lineCount = Fitting(bytes, lines, Short(bytes, record + 34), kLineSize);
+        const size_t useCount = FittingBeside(uses_.size(), bytes, uses, Short(bytes, record + 32), kRelocationSize);
+        for (size_t k = 0; k < useCount; ++k) {
+            const size_t use = uses + k * kRelocationSize;
+            uses_.push_back({number, Long(bytes, use), Long(bytes, use + 4),
+                             static_cast<int16_t>(Short(bytes, use + 8)), Short(bytes, use + 10)});
+        }
+        const size_t lineCount = FittingBeside(lines_.size(), bytes, lines, Short(bytes, record + 34), kLineSize);
         for (size_t k = 0; k < lineCount; ++k) {
             const size_t line = lines + k * kLineSize;
             lines_.push_back({number, Long(bytes, line + 6), Long(bytes, line), Short(bytes, line + 4)});

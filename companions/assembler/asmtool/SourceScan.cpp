@@ -18,8 +18,28 @@ bool IsWordCharacter(char c) {
            c == '?' || c == '@' || c == '$' || c < 0;
 }
 
-// The words of a line up to its comment; an empty first word for a line that begins with a blank.
-std::vector<std::string_view> WordsOf(std::string_view line) {
+// The first line for which `matches` holds, counted from 1.
+template <typename Predicate>
+std::optional<int> FindLine(const std::string &file, Predicate matches) {
+    const std::optional<std::string> text = ReadWholeFile(FromNativePath(file));
+    if (!text) return std::nullopt;
+    int number = 1;
+    for (size_t begin = 0; begin < text->size(); ++number) {
+        const size_t end = std::min(text->find('\n', begin), text->size());
+        if (matches(WordsOfLine(std::string_view(*text).substr(begin, end - begin)))) return number;
+        begin = end + 1;
+    }
+    return std::nullopt;
+}
+
+bool IsSectionDirective(std::string_view word) {
+    return std::any_of(kSectionDirectives.begin(), kSectionDirectives.end(),
+                       [&](std::string_view directive) { return EqualNoCase(directive, word); });
+}
+
+}  // namespace
+
+std::vector<std::string_view> WordsOfLine(std::string_view line) {
     std::vector<std::string_view> words;
     if (line.empty() || !IsWordCharacter(line.front())) words.emplace_back();
     size_t i = 0;
@@ -36,27 +56,6 @@ std::vector<std::string_view> WordsOf(std::string_view line) {
     }
     return words;
 }
-
-// The first line for which `matches` holds, counted from 1.
-template <typename Predicate>
-std::optional<int> FindLine(const std::string &file, Predicate matches) {
-    const std::optional<std::string> text = ReadWholeFile(FromNativePath(file));
-    if (!text) return std::nullopt;
-    int number = 1;
-    for (size_t begin = 0; begin < text->size(); ++number) {
-        const size_t end = std::min(text->find('\n', begin), text->size());
-        if (matches(WordsOf(std::string_view(*text).substr(begin, end - begin)))) return number;
-        begin = end + 1;
-    }
-    return std::nullopt;
-}
-
-bool IsSectionDirective(std::string_view word) {
-    return std::any_of(kSectionDirectives.begin(), kSectionDirectives.end(),
-                       [&](std::string_view directive) { return EqualNoCase(directive, word); });
-}
-
-}  // namespace
 
 std::optional<int> FindSectionDirective(const std::string &file, std::string_view section) {
     return FindLine(file, [&](const std::vector<std::string_view> &words) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The line that opens `section` ("udata", "name code 0x10"; the name may be the default one, ".udata").
 std::optional<int> FindSectionDirective(const std::string &file, std::string_view section);
@@ -13,3 +14,6 @@ std::optional<int> FindLabel(const std::string &file, std::string_view label);  
 std::optional<int> FindWord(const std::string &file, std::string_view word);    // anywhere outside comments
 std::string ReadLine(const std::string &file, int line);  // without its end; empty when there is none
 int CountLines(const std::string &file);                  // at least 1
+
+// The words of a line up to its comment; the first one is empty for a line that begins with a blank.
+std::vector<std::string_view> WordsOfLine(std::string_view line);

@@ -2,7 +2,9 @@
 // code on, and removes what a failed step would leave behind, so that a missing file tells of the failure.
 //
 //   asmtool.exe assemble --object O --rules R --source S --processor P [--listing L] [--image I]... -- gpasm words...
-//   asmtool.exe link --image I... -- gplink words...             the image's files; gplink's own words name the objects
+//   asmtool.exe link --image I... [--size WORDS] -- gplink words...
+//                                                the image's files; gplink's own words name the objects and libraries;
+//                                                images "x.tree" and "x.stat" are written out of "x.cof" after the link
 //   asmtool.exe library --image I -- gplib words...
 //   asmtool.exe disassemble --image I -- gpdasm words...         its output becomes the image
 //   asmtool.exe usage --size WORDS|--bytes BYTES IMAGE.cof
@@ -19,11 +21,14 @@
 #include <vector>
 
 #include "DependencyFile.h"
+#include "LinkStatistics.h"
 #include "MemoryUsage.h"
 #include "MessageRewriter.h"
+#include "StatisticsFiles.h"
 #include "ToolRun.h"
 #include "platform/FileText.h"
 #include "platform/NativePath.h"
+#include "platform/PathCalls.h"
 
 namespace fs = std::filesystem;
 
@@ -173,11 +178,40 @@ int Assemble(Arguments &arguments) {
     return code;
 }
 
+std::string ImageWithExtension(const Arguments &arguments, std::string_view extension) {
+    const auto found = std::find_if(arguments.images.begin(), arguments.images.end(),
+                                    [&](const std::string &image) { return image.ends_with(extension); });
+    return found == arguments.images.end() ? std::string() : *found;
+}
+
+// Call tree and function information tell about a program and are no part of it: the link stands without them.
+void DescribeLink(const Arguments &arguments) {
+    const std::string tree = ImageWithExtension(arguments, ".tree"), stat = ImageWithExtension(arguments, ".stat");
+    if (tree.empty() || stat.empty()) return;
+    std::vector<std::string> inputs;
+    for (const std::string &word : arguments.tool)
+        if (const std::string extension = LowerCase(fs::path(word).extension().string());
+            extension == ".o" || extension == ".lib" || extension == ".a")
+            inputs.push_back(word);
+    std::string problem;
+    try {
+        const std::string image = ImageWithExtension(arguments, ".cof");
+        problem = WriteStatistics(CollectLinkStatistics(image, inputs, arguments.size), tree, stat);
+    } catch (const std::exception &exception) {
+        problem = tree + " can't be made: " + exception.what();
+    }
+    if (!problem.empty()) Print("Warning: " + problem);
+}
+
 int Link(const Arguments &arguments) {
     if (!arguments.images.empty()) Print("Linking " + arguments.images.front());
     RemoveAll(arguments.images);
     const int code = RunRewritten(arguments);
-    if (code != 0) RemoveAll(arguments.images);
+    if (code != 0) {
+        RemoveAll(arguments.images);
+    } else if (arguments.job == "link") {
+        DescribeLink(arguments);
+    }
     return code;
 }
 
