@@ -5,6 +5,7 @@ void BenchStartUp();
 void BenchOpenProject();
 void BenchFlood();
 void BenchNoChangeBuild();
+void BenchSymbols();
 
 // Against another program. They are there where X11's client libraries are.
 void BenchPeerStartUp();

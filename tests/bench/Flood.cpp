@@ -4,8 +4,6 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QTimer>
-#include <algorithm>
 #include <fstream>
 #include <thread>
 
@@ -22,31 +20,6 @@ namespace {
 constexpr int kRounds = 5;
 constexpr int kLines = 1'000'000;
 constexpr const char *kCommand = "seq -f 'file.c: line %.0f' 1000000";
-
-// The longest time between two turns of the event loop, which a timer of one millisecond asks for.
-class CGapProbe {
-public:
-    CGapProbe() {
-        timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Note(); });
-        timer_.start(1);
-    }
-    double Longest() {
-        Note();
-        return longest_.count();
-    }
-
-private:
-    void Note() {
-        const auto now = std::chrono::steady_clock::now();
-        longest_ = std::max(longest_, Milliseconds(now - last_));
-        last_ = now;
-    }
-
-    QTimer timer_;
-    std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
-    Milliseconds longest_{0};
-};
 
 double ResidentBytes() {
     malloc_trim(0);

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -35,6 +34,23 @@ Comparison Compare(int rounds, const std::function<double()> &ours, const std::f
         peerTimes.push_back(peer());
     }
     return {Median(ourTimes), Median(peerTimes)};
+}
+
+CGapProbe::CGapProbe() {
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Note(); });
+    timer_.start(1);
+}
+
+double CGapProbe::Longest() {
+    Note();
+    return longest_.count();
+}
+
+void CGapProbe::Note() {
+    const auto now = Clock::now();
+    longest_ = std::max(longest_, Milliseconds(now - last_));
+    last_ = now;
 }
 
 void Report(const std::string &name, const Comparison &result, const std::string &unit, const std::string &peer) {

@@ -1,6 +1,7 @@
 // What the benchmarks have in common: clocks, medians, the line that tells a result.
 #pragma once
 
+#include <QTimer>
 #include <chrono>
 #include <functional>
 #include <string>
@@ -17,6 +18,20 @@ struct Comparison {
 Comparison Compare(int rounds, const std::function<double()> &ours, const std::function<double()> &peer);
 
 double Median(std::vector<double> values);
+
+// The longest time between two turns of the event loop, which a timer of one millisecond asks for.
+class CGapProbe {
+public:
+    CGapProbe();
+    double Longest();  // milliseconds, up to now
+
+private:
+    void Note();
+
+    QTimer timer_;
+    std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
+    Milliseconds longest_{0};
+};
 
 // One JSON line on the standard output. `peer` says what the ratio is to.
 void Report(const std::string &name, const Comparison &result, const std::string &unit, const std::string &peer);

@@ -20,6 +20,7 @@ int main(int argc, char **argv) {
         {"open-project", BenchOpenProject},
         {"flood", BenchFlood},
         {"no-change-build", BenchNoChangeBuild},
+        {"symbols", BenchSymbols},
 #ifdef THORNWELL_BENCH_PEER
         {"peer-start-up", BenchPeerStartUp},
         {"peer-big-source", BenchPeerBigSource},
