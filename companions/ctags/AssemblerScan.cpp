@@ -124,7 +124,8 @@ std::string_view CScan::TakeLabel(CLineReader &line) {
 
 AssemblerWord CScan::TakeWord(CLineReader &line) {
     line.SkipBlanks();
-    if (line.Rest().starts_with('=')) return line.Rest().starts_with("==") ? AssemblerWord::other : AssemblerWord::assign;
+    if (line.Rest().starts_with('='))
+        return line.Rest().starts_with("==") ? AssemblerWord::other : AssemblerWord::assign;
     line.Skip('#');
     return FindAssemblerWord(line.TakeName());
 }
@@ -153,8 +154,10 @@ bool CScan::ReadStatement(std::string_view label, AssemblerWord word, CLineReade
         case AssemblerWord::define:
             AddLabel(label);
             line.SkipBlanks();
-            if (word == AssemblerWord::constant) AddList(line, kinds_.macro);
-            else Add(line.TakeName(), kinds_.macro);
+            if (word == AssemblerWord::constant)
+                AddList(line, kinds_.macro);
+            else
+                Add(line.TakeName(), kinds_.macro);
             break;
         case AssemblerWord::macro:
             Add(label, kinds_.macro);
@@ -205,8 +208,10 @@ void ForEachLine(std::string_view text, Use use) {
         const size_t length = std::min(text.find_first_of("\r\n"), text.size());
         const std::string_view line = text.substr(0, length);
         text.remove_prefix(length);
-        if (text.starts_with("\r\n")) text.remove_prefix(2);
-        else if (!text.empty()) text.remove_prefix(1);
+        if (text.starts_with("\r\n"))
+            text.remove_prefix(2);
+        else if (!text.empty())
+            text.remove_prefix(1);
         if (!use(line)) return;
     }
 }

@@ -12,9 +12,9 @@ struct AssemblerTag {
     char kind;
 };
 
-// Names in the order of the text, each once for a kind: an assigned name where it gets its first value. Labels and local
-// names of a macro's body belong to the places where it is used and are left out, and so are the names of sections. Any
-// bytes are accepted.
+// Names in the order of the text, each once for a kind: an assigned name where it gets its first value. Labels and
+// local names of a macro's body belong to the places where it is used and are left out, and so are the names of
+// sections. Any bytes are accepted.
 std::vector<AssemblerTag> ScanAssembler(std::string_view text, const AssemblerKinds &kinds);
 
 // Whether an include file is for the assembler rather than for a compiler.

@@ -9,12 +9,16 @@ enum class AssemblerWord {
     assign,       // name = value
     constant,     // a list of names with values
     define,       // #define name text
-    macro, endMacro, local,
-    block, endBlock,                // variables, a list of names with sizes
-    codeSection, dataSection,       // the name before them is the section's
-    absolute,                       // code from here on; the name before it is a label
-    reserve,                        // data memory
-    end,                            // of the source
+    macro,        // begins one, named before it
+    endMacro,
+    local,        // a list of names of the macro's own
+    block,        // begins variables, lists of names with sizes
+    endBlock,
+    codeSection,  // the name before it is the section's
+    dataSection,  // this one too
+    absolute,     // code from here on; the name before it is a label
+    reserve,      // data memory
+    end,          // of the source
 };
 
 // In any case, without "#". An instruction is known here if every chip has it: the others serve as names too, as "push"

@@ -1,5 +1,5 @@
-// Which kinds of symbols each language is asked for, so that a kind letter means the same whatever language the symbol comes
-// from.
+// Which kinds of symbols each language is asked for, so that a kind letter means the same whatever language the symbol
+// comes from.
 #pragma once
 
 #include <string>

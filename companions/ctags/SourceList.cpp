@@ -65,8 +65,10 @@ void CCollector::AddDirectory(const std::string &path) {
     const std::string base = path.ends_with('/') ? path : path + "/";
     for (const std::string &name : names) {
         const std::string entry = base + name;
-        if (fs::is_symlink(entry, failure) && fs::is_directory(entry, failure)) links_.push_back(entry);
-        else Add(entry);
+        if (fs::is_symlink(entry, failure) && fs::is_directory(entry, failure))
+            links_.push_back(entry);
+        else
+            Add(entry);
     }
 }
 
@@ -112,4 +114,6 @@ SourceList ListSources(const TagRequest &request) {
     return std::move(collector).List();
 }
 
-bool IsIncludeFile(const std::string &path) { return EqualNoCase(fs::path(path).extension().string(), kInclude); }
+bool IsIncludeFile(const std::string &path) {
+    return EqualNoCase(fs::path(path).extension().string(), kInclude);
+}

@@ -11,9 +11,9 @@ struct SourceList {
     std::vector<std::string> others;
 };
 
-// Regular files only, as the request spells them; what lies in directories behind the directory's spelling, without hidden
-// entries. A name with "*" or "?" that isn't there as it stands is a pattern. A directory is entered once, whichever links
-// lead to it. Left out: what can't be found, and files too large to be written by anybody.
+// Regular files only, as the request spells them; what lies in directories behind the directory's spelling, without
+// hidden entries. A name with "*" or "?" that isn't there as it stands is a pattern. A directory is entered once,
+// whichever links lead to it. Left out: what can't be found, and files too large to be written by anybody.
 SourceList ListSources(const TagRequest &request);
 
 bool IsIncludeFile(const std::string &path);  // its language is told by what it holds

@@ -11,6 +11,6 @@ std::string TagFileLine(std::string_view name, const std::string &file, int line
 // the generator would refuse to replace it ever after. Files of other names are the user's.
 void DropDamagedOutput(const std::string &path);
 
-// Puts lines into the file: a new tag file with the lines in byte order, or behind what it holds. False when the file is no
-// tag file or can't be written; it is untouched then.
+// Puts lines into the file: a new tag file with the lines in byte order, or behind what it holds. False when the file
+// is no tag file or can't be written; it is untouched then.
 bool WriteTagLines(const std::string &path, bool append, std::vector<std::string> lines);

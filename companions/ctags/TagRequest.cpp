@@ -13,7 +13,8 @@ constexpr struct {
     {"--basic-types=", TagDialect::basic},
 };
 
-constexpr std::string_view kWithArgument = "DIh";  // further options of a letter whose argument may be a word of its own
+constexpr std::string_view kWithArgument =
+    "DIh";  // further options of a letter whose argument may be a word of its own
 
 bool ReadKinds(std::string_view word, TagRequest &request) {
     for (const auto &row : kDialects) {

@@ -1,12 +1,12 @@
-// ctags.exe: the program's tag generator. Hands over to Universal Ctags and adds what that doesn't know: names in sources
-// for the PIC assembler, under the kind letters that the program understands.
+// ctags.exe: the program's tag generator. Hands over to Universal Ctags and adds what that doesn't know: names in
+// sources for the PIC assembler, under the kind letters that the program understands.
 //
 //   ctags.exe --c-types=<letters> -f <tag file> [-n|-N] [-a] [--recurse=yes] [-L <list>] [sources and directories...]
 //
-// or with --pascal-types or --basic-types. Names are native ones. The front writes the assembler's tags and gives its place
-// to Universal Ctags, which puts the others among them: its exit code, signals and descriptors are the generator's own. A
-// line without one of the three options, or without -f, goes to it as it stands. The user's own configuration of the
-// generator plays no part. Exit code 127: there is no Universal Ctags; 126: it can't be run.
+// or with --pascal-types or --basic-types. Names are native ones. The front writes the assembler's tags and gives its
+// place to Universal Ctags, which puts the others among them: its exit code, signals and descriptors are the
+// generator's own. A line without one of the three options, or without -f, goes to it as it stands. The user's own
+// configuration of the generator plays no part. Exit code 127: there is no Universal Ctags; 126: it can't be run.
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -117,8 +117,9 @@ int main(int argc, char **argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
     const std::string generator = FindGenerator();
     if (generator.empty()) {
-        std::fprintf(stderr, "ctags.exe: there is no \"ctags\" on PATH; Universal Ctags has to be installed (package "
-                             "\"universal-ctags\")\n");
+        std::fprintf(stderr,
+                     "ctags.exe: there is no \"ctags\" on PATH; Universal Ctags has to be installed (package "
+                     "\"universal-ctags\")\n");
         return kExitNotFound;
     }
     const TagRequest request = ReadRequest(words);

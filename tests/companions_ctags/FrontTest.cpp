@@ -14,11 +14,13 @@ namespace {
 const char kC[] =
     "#define LIMIT 3\nint total;\nstruct Point { int x; };\nenum Colour { red };\ntypedef int Word;\n"
     "int add(int a, int b) { return a + b; }\nint later(int a);\n";
-const char kHeader[] = "class Shape {};\nunion Both { int a; };\nvoid draw(int with, int a, int very, int long_list, int of,"
-                       " int parameters, int that, int needs, int room);\n";
+const char kHeader[] =
+    "class Shape {};\nunion Both { int a; };\nvoid draw(int with, int a, int very, int long_list, int of,"
+    " int parameters, int that, int needs, int room);\n";
 const char kAssembler[] = "RATE equ 1\nmain goto main\nx res 1\n";
-const char kPascal[] = "program x;\nprocedure go(a: integer);\nbegin end;\nfunction sum(a: integer): integer;\n"
-                       "begin end;\nbegin end.\n";
+const char kPascal[] =
+    "program x;\nprocedure go(a: integer);\nbegin end;\nfunction sum(a: integer): integer;\n"
+    "begin end;\nbegin end.\n";
 const char kBasic[] = "Dim a, b As Integer\nType Rec\nEnd Type\nSub Go()\nEnd Sub\nagain:\ngoto again\n";
 
 class Ctags : public testing::Test {
@@ -41,7 +43,8 @@ protected:
         return exitCode;
     }
 
-    // "name:kind" of each tag in the output's order, with a blank between; of each whose file is `file`, if any is named.
+    // "name:kind" of each tag in the output's order, with a blank between; of each whose file is `file`, if any is
+    // named.
     std::string Tags(const std::string &file = {}, const std::string &output = "out") const {
         std::istringstream lines(scratch_.Read(output));
         std::string tags;
@@ -65,7 +68,8 @@ TEST_F(Ctags, FindsWhatTheProgramRoutesInEveryLanguage) {
         Words words;
         const char *file, *tags;
     } cases[] = {
-        {{"--c-types=fvdcsuegt", "-f", "out", "-n", "-L", "list"}, "a.c",
+        {{"--c-types=fvdcsuegt", "-f", "out", "-n", "-L", "list"},
+         "a.c",
          "Colour:g LIMIT:d Point:s Word:t add:f red:e total:v"},
         {{"--c-types=fvdcsuegt", "-f", "out", "-n", "-L", "list"}, "b.h", "Both:u Shape:c"},
         {{"--c-types=fvdcsuegt", "-f", "out", "-n", "-L", "list"}, "main.asm", "RATE:d main:f x:v"},
@@ -96,7 +100,8 @@ TEST_F(Ctags, WritesLinesAsTheProgramReadsThem) {
     Run({"--c-types=fd", "-f", "out", "-n", "-L", "list"}, {{"HOME", scratch_.Path()}});
     const std::string text = scratch_.Read("out");
     EXPECT_TRUE(text.starts_with("!_TAG_FILE_FORMAT\t2\t")) << text;
-    EXPECT_TRUE(text.ends_with("LIMIT\ta.c\t1;\"\td\nRATE\tmain.asm\t1;\"\td\nadd\ta.c\t6;\"\tf\nmain\tmain.asm\t2;\"\tf\n"))
+    EXPECT_TRUE(
+        text.ends_with("LIMIT\ta.c\t1;\"\td\nRATE\tmain.asm\t1;\"\td\nadd\ta.c\t6;\"\tf\nmain\tmain.asm\t2;\"\tf\n"))
         << text;
 
     Run({"--c-types=p", "-f", "out", "-N", "-L", "list"});
@@ -161,8 +166,10 @@ TEST_F(Ctags, ReplacesItsOwnFilesOnly) {
         Words words = {"--c-types=fvdst", "-n", "-f", c.name};
         words.insert(words.end(), c.further.begin(), c.further.end());
         EXPECT_EQ(Run(words), c.exitCode) << c.name;
-        if (c.tags) EXPECT_EQ(Tags({}, c.name), c.tags) << c.name;
-        else EXPECT_EQ(scratch_.Read(c.name), c.before) << c.name;
+        if (c.tags)
+            EXPECT_EQ(Tags({}, c.name), c.tags) << c.name;
+        else
+            EXPECT_EQ(scratch_.Read(c.name), c.before) << c.name;
     }
 }
 

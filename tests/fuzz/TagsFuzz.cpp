@@ -1,4 +1,5 @@
-// Tag files with line numbers: those of a project, read for the language that their size picks, and those of one document.
+// Tag files with line numbers: those of a project, read for the language that their size picks, and those of one
+// document.
 #include <algorithm>
 
 #include "fuzz/FuzzTarget.h"
