@@ -87,10 +87,11 @@ std::vector<std::string> AssemblerLines(const AssemblerKinds &kinds, SourceList 
 
 // Makes a list the standard input, from a file that has no name.
 bool GiveAsInput(const std::vector<std::string> &names) {
-    const int list = memfd_create("sources", 0);
+    const int list = memfd_create("sources", MFD_CLOEXEC);
     if (list < 0) return false;
     std::string text;
-    for (const std::string &name : names) text += name + "\n";
+    for (const std::string &name : names)
+        if (name.find('\n') == std::string::npos) text += name + "\n";
     for (size_t done = 0; done < text.size();) {
         const ssize_t written = write(list, text.data() + done, text.size() - done);
         if (written < 0 && errno == EINTR) continue;
