@@ -128,12 +128,16 @@ public:
 }  // namespace
 
 TEST_F(ListingProgram, HasATabForWhatTheToolsuiteSupports) {
-    // The assembler supports no further window.
-    Bar().OfferCodeWindow(1, IDS_BAR_STACK,
-                          [](QWidget *parent) -> CCodeWindowView * { return new CCountingWindow(parent); });
+    const auto make = [](QWidget *parent) -> CCodeWindowView * { return new CCountingWindow(parent); };
+    Bar().OfferCodeWindow(1, IDS_BAR_STACK, make);
+    Bar().OfferCodeWindow(3, IDS_BAR_STACK, make);  // of this type the assembler has none
     Bar().UpdateCodeWindowTabs();
-    EXPECT_EQ(Bar().Container().TabCount(), 1);
-    EXPECT_EQ(CCountingWindow::loads, 0);
-    EXPECT_EQ(Bar().Container().TabCaption(0), LoadText(IDS_TAB_LISTING));
+    std::vector<std::string> captions;
+    for (int tab = 0; tab < Bar().Container().TabCount(); ++tab) captions.push_back(Bar().Container().TabCaption(tab));
+    EXPECT_EQ(captions, (std::vector<std::string>{LoadText(IDS_TAB_LISTING), LoadText(IDS_TAB_CALL_TREE),
+                                                  LoadText(IDS_TAB_FUNCTIONS), LoadText(IDS_BAR_STACK)}));
+    EXPECT_EQ(CCountingWindow::loads, 1);
     EXPECT_EQ(Bar().Container().GetActiveTab(), &Listing());
+    program.App().CloseWorkspace();
+    EXPECT_EQ(Bar().Container().TabCount(), 1);
 }
