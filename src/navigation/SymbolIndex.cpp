@@ -100,6 +100,7 @@ void CSymbolIndex::UpdateNow(CMainFrame &frame) {
     for (const std::string &extra : files.extraTags) ParseTagFile(extra);
     frame.WorkspaceBar().RebuildBrowseTree();
 
+    if (ended_) return;  // by the user, who doesn't want to wait for it once more
     const CTempFile prototypes(files.prototypes);
     if (RunCtags(files.prototypes, kPrototypeKinds, "-N" + listArgument)) ParsePrototypeFile(files.prototypes);
 }
@@ -141,6 +142,7 @@ bool CSymbolIndex::Run(const std::string &commandLine) {
         const CWaitCursor cursor;
         return ctags.WaitForEnd(limit);
     };
+    ended_ = false;
     const bool nested = std::exchange(waiting_, true);
     std::chrono::milliseconds waited = 0ms;
     for (auto limit = kPatience; !hasEnded(limit); limit *= 2) {
@@ -148,6 +150,7 @@ bool CSymbolIndex::Run(const std::string &commandLine) {
         if (!OffersEnd(waited)) continue;
         if (ctags.WaitForEnd(0ms)) break;  // while the user was thinking
         ctags.Kill();
+        ended_ = true;
         CIDEApp::Get().AddOutputLine(LoadText(IDS_CTAGS_ENDED));
         break;
     }
