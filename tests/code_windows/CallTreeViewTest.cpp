@@ -86,6 +86,25 @@ TEST_F(CallTreeView, LeadsToSources) {
     EXPECT_EQ(JumpFrom(last), "");
 }
 
+TEST_F(CallTreeView, FollowsBuildsAndConfigurations) {
+    const auto select = [this](const char *name) {
+        CXTFlatComboBox &box = program.Frame().ConfigBox();
+        box.SetCurSel(box.FindStringExact(name));
+        program.Command(ID_CONFIG_SELECT);
+    };
+    ASSERT_TRUE(program.Build()) << program.BuildText();
+    const std::string rows = Rows();
+    EXPECT_NE(rows.find("main(led_start timer_start timer_take_tick led_toggle)"), std::string::npos) << rows;
+    EXPECT_EQ(List().RowCount(), 8);
+    EXPECT_EQ(JumpFrom(Tree().GetChild(0, Tree().GetChild(0))), "main.asm 28");
+    select("Release");
+    EXPECT_EQ(Rows(), "");
+    EXPECT_EQ(List().RowCount(), 0);
+    select("Debug");
+    EXPECT_EQ(Rows(), rows);
+    EXPECT_EQ(List().RowCount(), 8);
+}
+
 TEST_F(CallTreeView, FoldsAndUnfoldsFromItsMenu) {
     Leave("Debug/blink.tree", kCalls);
     Show<CCallTreeView>();
