@@ -92,13 +92,6 @@ TEST_F(ReportCtrl, CopiesTheSelectedRowsAsTheyStand) {
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "Alpha\t100\nbeta\t9\n");
 }
 
-TEST_F(ReportCtrl, FindsRowsByTheirFirstLetters) {
-    FillWithThree();
-    list.SelectRow(0);
-    QTest::keyClicks(&list, "ga");
-    EXPECT_EQ(list.CurrentRow(), 2);
-}
-
 TEST_F(ReportCtrl, ShowsCutTextsInATip) {
     const std::string marks(300, '<');
     list.SetRows({{{"short", "", "vector<int> & more, " + marks}}});
@@ -107,16 +100,6 @@ TEST_F(ReportCtrl, ShowsCutTextsInATip) {
     EXPECT_TRUE(tip.contains("vector&lt;int&gt; &amp; more")) << qPrintable(tip);
     list.header()->resizeSection(0, 20);
     EXPECT_TRUE(TipAt(Place(0, 0).center()).contains("short"));
-}
-
-TEST_F(ReportCtrl, StretchesItsColumnWithTheWindow) {
-    const auto used = [this] { return list.header()->length() - list.viewport()->width(); };
-    EXPECT_EQ(used(), 0);
-    list.resize(700, 300);
-    EXPECT_EQ(used(), 0);
-    list.header()->resizeSection(0, 120);
-    EXPECT_EQ(used(), 0);
-    EXPECT_EQ(list.header()->sectionSize(0), 120);
 }
 
 TEST_F(ReportCtrl, TakesAHundredThousandRows) {
