@@ -8,5 +8,6 @@ void OpenBuildAndJump(CTour &tour);
 void WorkOnTwoProjects(CTour &tour);
 void EditSources(CTour &tour);
 void ChooseColours(CTour &tour);
+void FindOnesWay(CTour &tour);
 void ArrangeTheFrame(CTour &tour);
 void LookIntoTheMenus(CTour &tour);

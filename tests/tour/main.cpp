@@ -17,7 +17,7 @@ int main(int argc, char **argv) {
     std::filesystem::create_directories(directory);
     QApplication application(argc, argv);
     CTour tour(directory);
-    for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, ChooseColours,
+    for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, FindOnesWay, ChooseColours,
                             ArrangeTheFrame, LookIntoTheMenus})
         stop(tour);
     tour.Say("The tour is over.");
