@@ -23,7 +23,8 @@ public:
         hasPages_ = PageSize(image_.Bits()) != 0 && end > PageSize(image_.Bits());
     }
 
-    LinkStatistics Collect() {
+    std::optional<LinkStatistics> Collect() {
+        if (image_.Bits() == 0 || image_.DataSize() + image_.ProgramSize() > INT32_MAX) return std::nullopt;
         ReadTransfers();
         functions_ = SplitIntoFunctions(Parts(), transfers_);
         const std::vector<uint32_t> ram = OwnDataSizes(image_, references_, functions_);
@@ -189,6 +190,7 @@ private:
         const LinkedPart &part = PartOf(function);
         const uint32_t size = InstructionSize();
         if (!part.isCode || function.end - function.begin < size || IsDataAt(function.end - size)) return false;
+        if (image_.BytesAt(part, function.end - size).size() < 2) return false;  // the image is cut short
         for (uint32_t address = function.end - size;; address -= size) {
             const Flow flow = InstructionAt(part, address).flow;
             const bool canBeSkipped =
@@ -215,7 +217,7 @@ private:
 
 }  // namespace
 
-LinkStatistics CollectLinkStatistics(const std::string &image, const std::vector<std::string> &files,
-                                     uint32_t programSize) {
+std::optional<LinkStatistics> CollectLinkStatistics(const std::string &image, const std::vector<std::string> &files,
+                                                    uint32_t programSize) {
     return CCollector(image, files, programSize).Collect();
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ struct LinkStatistics {
 
 // `image`: native path of the linked ".cof". `files`: native paths of the objects and libraries of the link.
 // `programSize`: the chip's program memory in the units of `rom`, 0 when it isn't known. Reads the sources too, by the
-// names that the assembler was given. No functions for what is no image.
-LinkStatistics CollectLinkStatistics(const std::string &image, const std::vector<std::string> &files,
-                                     uint32_t programSize);
+// names that the assembler was given. Empty for what is no image, and for one that claims more memory than 31 bits
+// count.
+std::optional<LinkStatistics> CollectLinkStatistics(const std::string &image, const std::vector<std::string> &files,
+                                                    uint32_t programSize);

@@ -62,7 +62,7 @@ public:
     const std::vector<LinkedPart> &Program() const { return program_; }  // by address, each section without a gap
     const std::vector<LinkedPart> &Data() const { return data_; }        // by section; overlaid parts share addresses
     uint64_t DataSize() const { return dataSize_; }                      // bytes, overlaid parts once
-    uint64_t ProgramSize() const { return programUnits_; }
+    uint64_t ProgramSize() const { return programUnits_; }               // units
 
     int PartAt(uint32_t programAddress) const;                                 // -1: none
     std::string_view BytesAt(const LinkedPart &part, uint32_t address) const;  // of the program, to the part's end

@@ -1,7 +1,6 @@
 #include "StatisticsFiles.h"
 
 #include <algorithm>
-#include <climits>
 #include <filesystem>
 
 #include "platform/FileText.h"
@@ -181,15 +180,12 @@ std::string FunctionInfoText(const LinkStatistics &statistics) {
     return text + "#GLOBAL:\"\",line=0,ram=" + std::to_string(statistics.commonRam) + ".0,rom=0;\n";
 }
 
-std::string WriteStatistics(const LinkStatistics &statistics, const std::string &tree, const std::string &stat) {
-    uint64_t size = statistics.commonRam;
-    for (const LinkedFunction &function : statistics.functions) size += uint64_t{function.ram} + function.rom;
-    const bool makesSense = !statistics.functions.empty() && size <= INT_MAX;  // readers count in 32 bits
-    if (makesSense && ReplaceWholeFile(FromNativePath(tree), CallTreeText(statistics)) &&
+bool WriteStatistics(const LinkStatistics &statistics, const std::string &tree, const std::string &stat) {
+    if (ReplaceWholeFile(FromNativePath(tree), CallTreeText(statistics)) &&
         ReplaceWholeFile(FromNativePath(stat), FunctionInfoText(statistics)))
-        return {};
+        return true;
     std::error_code ignored;
     std::filesystem::remove(tree, ignored);
     std::filesystem::remove(stat, ignored);
-    return makesSense ? tree + " and " + stat + " can't be written." : tree + ": the image tells of no functions.";
+    return false;
 }

@@ -22,6 +22,5 @@ std::string FunctionInfoText(const LinkStatistics &statistics);
 std::string StatisticsName(std::string_view label);       // "_loop" of ".loop"
 std::string StatisticsFileName(std::string_view native);  // ".\sub\a.asm", "c:\home\a.asm"
 
-// Writes both of a link, "x.tree" and "x.stat"; native paths. A sentence for the user when that can't be done; then
-// there is none of them.
-std::string WriteStatistics(const LinkStatistics &statistics, const std::string &tree, const std::string &stat);
+// Writes both files, native paths. On failure there is none of them.
+bool WriteStatistics(const LinkStatistics &statistics, const std::string &tree, const std::string &stat);

@@ -193,14 +193,13 @@ void DescribeLink(const Arguments &arguments) {
         if (const std::string extension = LowerCase(fs::path(word).extension().string());
             extension == ".o" || extension == ".lib" || extension == ".a")
             inputs.push_back(word);
-    std::string problem;
+    bool written = false;
     try {
-        const std::string image = ImageWithExtension(arguments, ".cof");
-        problem = WriteStatistics(CollectLinkStatistics(image, inputs, arguments.size), tree, stat);
-    } catch (const std::exception &exception) {
-        problem = tree + " can't be made: " + exception.what();
+        const auto statistics = CollectLinkStatistics(ImageWithExtension(arguments, ".cof"), inputs, arguments.size);
+        written = statistics && WriteStatistics(*statistics, tree, stat);
+    } catch (const std::exception &) {  // out of memory
     }
-    if (!problem.empty()) Print("Warning: " + problem);
+    if (!written) Print("Warning: " + tree + " and " + stat + " can't be written.");
 }
 
 int Link(const Arguments &arguments) {
