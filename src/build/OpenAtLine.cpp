@@ -1,12 +1,12 @@
 #include "build/OpenAtLine.h"
 
-#include <algorithm>
-
 #include "app/IDEApp.h"
 #include "app/ProjectDirScope.h"
 #include "build/MessagePlace.h"
-#include "editor/IDEView.h"
+#include "framework/Document.h"
 #include "framework/MDIChildWnd.h"
+#include "framework/View.h"
+#include "navigation/OpenSource.h"
 
 void OpenAtLine(const std::string &name, int line) {
     CIDEApp &app = CIDEApp::Get();
@@ -15,11 +15,11 @@ void OpenAtLine(const std::string &name, int line) {
     if (!MessageFileExists(name)) return;
     const std::string file = TrimFileName(name);
 
-    CDocument *document = app.FindOrOpenDocument(file, false);
-    if (!document)
-        document = app.FindOrOpenDocument(file, true);
-    else if (CView *view = document->GetFirstView(); view && view->GetParentFrame())
-        view->GetParentFrame()->ActivateFrame();
-    if (!document || line == -1) return;
-    if (auto *view = dynamic_cast<CIDEView *>(document->GetFirstView())) view->ShowViewLine(std::max(0, line - 1), true);
+    if (line != -1) {
+        OpenSourceAtLine(file, line);
+        return;
+    }
+    CDocument *document = app.FindOrOpenDocument(file, true);
+    CView *view = document ? document->GetFirstView() : nullptr;
+    if (view && view->GetParentFrame()) view->GetParentFrame()->ActivateFrame();
 }

@@ -1,5 +1,6 @@
 #include "navigation/OpenSource.h"
 
+#include <QMimeDatabase>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -13,6 +14,8 @@
 #include "framework/DocTemplate.h"
 #include "framework/MDIChildWnd.h"
 #include "framework/ShellOpen.h"
+#include "framework/Text.h"
+#include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
 namespace {
@@ -25,9 +28,10 @@ bool IsForEditor(const std::string &file) {
     const std::string extension = _splitpath(file).extension;
     if (std::ranges::any_of(kSourceExtensions, [&](auto each) { return EqualNoCase(extension, each); })) return true;
     CDocument *open = nullptr;
-    return std::ranges::any_of(CIDEApp::Get().GetTemplates(), [&](const auto &each) {
-        return each->MatchDocType(file, open) > DocMatch::foreign;
-    });
+    const auto isOwn = [&](const auto &each) { return each->MatchDocType(file, open) > DocMatch::foreign; };
+    if (std::ranges::any_of(CIDEApp::Get().GetTemplates(), isOwn)) return true;
+    // The desktop's program for other texts is an editor, too, and one that isn't told the line.
+    return QMimeDatabase().mimeTypeForFile(ToQString(ToNativePath(file))).inherits("text/plain");
 }
 
 void ShowLine(CIDEView &view, intptr_t line, bool mark) {
@@ -52,8 +56,9 @@ CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
     const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
     auto *document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(file, false));
     if (!document) {
-        const std::string full = GetFullPathNameA(file);
+        std::string full = GetFullPathNameA(file);
         if (!FileExists(full)) return nullptr;
+        if (std::string stored; GetLongPathNameA(stored, full)) full = stored;  // the title shows the disk's spelling
         if (!IsForEditor(full) && ShellOpen(full)) return nullptr;
         document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(full, true));
     }

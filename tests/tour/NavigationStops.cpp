@@ -1,6 +1,9 @@
 // Finding one's way: symbols, jumps and the way back, remarks, the call tree and what functions take.
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
 #include <QTreeView>
-#include <numeric>
 
 #include "Stops.h"
 #include "Tour.h"
@@ -13,6 +16,7 @@
 #include "framework/Text.h"
 #include "navigation/CallTreeView.h"
 #include "navigation/FuncInfoView.h"
+#include "navigation/OpenSource.h"
 #include "navigation/TabBrowseView.h"
 #include "navigation/TabTodoView.h"
 #include "navigation/WorkspaceBar.h"
@@ -90,6 +94,29 @@ void JumpAndComeBack(CTour &tour, CProgram &program) {
                "and back where the jump began");
 }
 
+// What the menu of a source says of the word at the caret.
+void UseTheSourceMenu(CTour &tour, CProgram &program) {
+    tour.Say("Open the menu of a source and go where it says");
+    CIDEView &view = *program.ActiveView();
+    const std::string main = program.ActiveDocument()->GetPathName();
+    const intptr_t line = view.CaretLine();
+    PutCaretBehind(view, "call    timer_sta");
+    QTimer::singleShot(200, [&tour] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        tour.Check(menu, "the menu opens");
+        tour.PictureOf(*menu, "source-menu");
+        for (QAction *entry : menu->actions()) {
+            tour.Say("  " + FromQString(entry->text()));
+            if (entry->data().toInt() == ID_VIEW_GOTO_DEFINITION) entry->trigger();
+        }
+        menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QCursor::pos());
+    QApplication::sendEvent(&view, &event);
+    tour.Check(program.ActiveFile() == "timer.asm", "the menu leads to the definition");
+    OpenSourceAtLine(main, static_cast<int>(line) + 1);
+}
+
 void NoteSomethingToDo(CTour &tour, CProgram &program, const CScratch &scratch) {
     tour.Say("Leave a remark, save, find it in the list");
     CIDEView &view = *program.ActiveView();
@@ -149,6 +176,7 @@ void FindOnesWay(CTour &tour) {
     tour.Check(program.App().FindOrOpenDocument(scratch.Windows("blink/main.asm"), true), "the source opens");
     LookAtSymbols(tour, program);
     JumpAndComeBack(tour, program);
+    UseTheSourceMenu(tour, program);
     NoteSomethingToDo(tour, program, scratch);
     LookAtTheCalls(tour, program);
     tour.Dialog(program, ID_BROWSE_EXTRA_LOCATIONS, "extra-locations");
