@@ -34,6 +34,13 @@ void TellRows(const QAbstractItemModel &model, const QModelIndex &parent, std::s
     }
 }
 
+template <class View>
+View *Find(const QWidget &parent) {
+    for (QWidget *child : parent.findChildren<QWidget *>())
+        if (auto *view = dynamic_cast<View *>(child)) return view;
+    return nullptr;
+}
+
 std::string RowsOf(QWidget &view) {
     auto *tree = qobject_cast<QTreeView *>(&view);
     if (!tree) tree = view.findChild<QTreeView *>();
@@ -134,14 +141,15 @@ void NoteSomethingToDo(CTour &tour, CProgram &program, const CScratch &scratch) 
     bar.ShowTab(CWorkspaceBar::kTabProjects);
 }
 
-void LookAtTheCalls(CTour &tour, CProgram &program) {
+void LookAtTheCalls(CTour &tour, CProgram &program, const CScratch &scratch) {
     tour.Say("Build, look at the calls and at what functions take");
     tour.Check(program.Build(), "the build ends");
     tour.Say(program.BuildText());
+    for (const char *file : {"blink/Debug/blink.tree", "blink/Debug/blink.stat"}) tour.Say(scratch.Read(file));
     CListBar &bar = program.Frame().ListBar();
     program.Command(ID_VIEW_LISTING_BAR);
-    auto *calls = bar.findChild<CCallTreeView *>();
-    auto *functions = bar.findChild<CFuncInfoView *>();
+    auto *calls = Find<CCallTreeView>(bar);
+    auto *functions = Find<CFuncInfoView>(bar);
     tour.Check(calls && functions, "the listing bar has both tabs");
     bar.Container().SetActiveTab(calls);
     std::string rows = RowsOf(*calls);
@@ -178,7 +186,7 @@ void FindOnesWay(CTour &tour) {
     JumpAndComeBack(tour, program);
     UseTheSourceMenu(tour, program);
     NoteSomethingToDo(tour, program, scratch);
-    LookAtTheCalls(tour, program);
+    LookAtTheCalls(tour, program, scratch);
     tour.Dialog(program, ID_BROWSE_EXTRA_LOCATIONS, "extra-locations");
     tour.Check(program.Unexpected().empty(), "no box came up");
 }
