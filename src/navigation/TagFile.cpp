@@ -102,14 +102,13 @@ struct CTagReader::State {
 
     // Many tags share few files, and a tag file is sorted by name.
     const std::string &StoredName(std::string_view file) {
-        std::string &name = files[std::string(file)];
-        if (name.empty()) name = FromNativePath(file);
-        return name;
+        if (const auto known = files.find(file); known != files.end()) return known->second;
+        return files.emplace(file, FromNativePath(file)).first->second;
     }
 
     CTagLines lines;
     CRouting routing;
-    std::unordered_map<std::string, std::string> files;
+    std::unordered_map<std::string_view, std::string> files;  // by what the text has
 };
 
 CTagReader::CTagReader(std::string_view text, TagLanguage language, SymbolMaps &maps)
@@ -145,10 +144,21 @@ void ParseTags(std::string_view text, TagLanguage language, SymbolMaps &maps) {
     CTagReader(text, language, maps).Read(std::numeric_limits<size_t>::max());
 }
 
-void ParsePrototypes(std::string_view text, std::map<std::string, std::string> &prototypes) {
-    CTagLines lines(text);
+struct CPrototypeReader::State {
+    explicit State(std::string_view text) : lines(text) {}
+
+    CTagLines lines;
+};
+
+CPrototypeReader::CPrototypeReader(std::string_view text, std::map<std::string, std::string> &prototypes)
+    : state_(std::make_unique<State>(text)), prototypes_(prototypes) {}
+
+CPrototypeReader::~CPrototypeReader() = default;
+
+bool CPrototypeReader::Read(size_t most) {
     std::string_view line;
-    while (lines.Next(line)) {
+    for (size_t count = 0; count < most; ++count) {
+        if (!state_->lines.Next(line)) return false;
         std::string_view name, file;
         if (!TakeField(line, name) || !TakeField(line, file)) continue;
         if (line.starts_with('/')) line.remove_prefix(1);
@@ -156,8 +166,13 @@ void ParsePrototypes(std::string_view text, std::map<std::string, std::string> &
         // A long pattern ends without the mark of the line's end.
         const std::string_view prototype = line.substr(0, std::min(line.find('$'), line.find("/;\"")));
         if (std::ranges::count(prototype, '(') != std::ranges::count(prototype, ')')) continue;
-        prototypes[std::string(name)] = prototype;
+        prototypes_.insert_or_assign(prototypes_.end(), std::string(name), std::string(prototype));
     }
+    return true;
+}
+
+void ParsePrototypes(std::string_view text, std::map<std::string, std::string> &prototypes) {
+    CPrototypeReader(text, prototypes).Read(std::numeric_limits<size_t>::max());
 }
 
 std::vector<TagLine> ParseFunctionTags(std::string_view text) {

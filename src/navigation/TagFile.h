@@ -35,6 +35,21 @@ private:
 void ParseTags(std::string_view text, TagLanguage language, SymbolMaps &maps);
 
 // Adds the prototypes of a tag file with patterns. A declaration that doesn't end on its line gives none.
+class CPrototypeReader {
+public:
+    // Text and prototypes outlive the reader.
+    CPrototypeReader(std::string_view text, std::map<std::string, std::string> &prototypes);
+    ~CPrototypeReader();
+
+    bool Read(size_t most);  // as a CTagReader's
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+    std::map<std::string, std::string> &prototypes_;
+};
+
+// The same in one go.
 void ParsePrototypes(std::string_view text, std::map<std::string, std::string> &prototypes);
 
 struct TagLine {
