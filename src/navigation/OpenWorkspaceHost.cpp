@@ -1,5 +1,7 @@
 #include "navigation/OpenWorkspaceHost.h"
 
+#include <algorithm>
+
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
 #include "app/Path.h"
@@ -21,6 +23,8 @@
 
 namespace {
 
+constexpr size_t kMostNamedFiles = 10;  // in one box
+
 FileEntry MakeFileEntry(const CProject &project, const std::string &name, CFilePresence &presence) {
     FileEntry entry{name, project.GetFileFullPath(name)};
     entry.exists = presence.Exists(entry.path);
@@ -40,6 +44,17 @@ std::string OutputListOf(CProject &project) {
 std::string RelativeName(const CProject &project, std::string file) {
     MakeRelativeToFile(project.GetFullPath(), file);
     return file;
+}
+
+// One box for all files that the project has already, which names the first of them.
+void ShowKnownFiles(const std::vector<std::string> &files) {
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (files.empty() || !frame) return;
+    std::string text;
+    for (size_t i = 0; i < std::min(files.size(), kMostNamedFiles); ++i)
+        text += (i > 0 ? "\n" : "") + LoadText(IDS_FILE_IN_PROJECT, {DisplayPath(files[i])});
+    if (files.size() > kMostNamedFiles) text += "\n...";
+    frame->ShowWarning(text);
 }
 
 // Behind the makefile, in the order of ProjectBuild.
@@ -156,10 +171,16 @@ void COpenWorkspaceHost::AddFiles(const std::string &project, const std::vector<
     CIDEApp &app = CIDEApp::Get();
     const std::string directory = CPath(project).GetDirectory();
     bool added = false;
+    std::vector<std::string> known;
     for (const std::string &file : files) {
         const std::string relative = CPath(file).MakeRelative(directory);
-        added |= app.workspaces.Projects().AddFile(project, relative.empty() ? file : relative);
+        const std::string &name = relative.empty() ? file : relative;
+        if (WorkspaceOrNone().HasFile(project, name))
+            known.push_back(file);
+        else
+            added |= app.workspaces.Projects().AddFile(project, name);
     }
+    ShowKnownFiles(known);
     if (added) app.symbols.UpdateBrowseInfo();
 }
 

@@ -57,9 +57,13 @@ CWorkspaceBar::CWorkspaceBar(const std::string &title, QWidget *parent)
     tabs_ = new QTabWidget(content);
     tabs_->setDocumentMode(true);
     tabs_->setTabPosition(QTabWidget::South);
+    tabs_->setUsesScrollButtons(false);  // in a narrow bar all tabs stay in reach, with cut captions
+    tabs_->setElideMode(Qt::ElideRight);
     tabs_->addTab(tree_, LoadIcon("bar-workspace"), ToQString(LoadText(IDS_TAB_FILES)));
     tabs_->addTab(symbols_, LoadIcon("bar-symbols"), ToQString(LoadText(IDS_TAB_SYMBOLS)));
     tabs_->addTab(todo_, LoadIcon("bar-todo"), ToQString(LoadText(IDS_TAB_TODO)));
+
+    for (int tab = 0; tab < tabs_->count(); ++tab) tabs_->setTabToolTip(tab, tabs_->tabText(tab));
 
     MakeGroupingBar(content);
     connect(tabs_, &QTabWidget::currentChanged, this, [this] { UpdateGroupingBar(); });
@@ -78,6 +82,7 @@ CWorkspaceBar::CWorkspaceBar(const std::string &title, QWidget *parent)
 void CWorkspaceBar::MakeGroupingBar(QWidget *parent) {
     groupingBar_ = new QToolBar(ToQString(LoadText(IDS_GROUPING_BAR)), parent);
     groupingBar_->setFixedHeight(kGroupingBarHeight);
+    groupingBar_->setContentsMargins(kLabelMargin - 2, 0, 0, 0);
     groupingBar_->setIconSize(QSize(kGroupingIconSize, kGroupingIconSize));
     for (size_t i = 0; i < std::size(kGroupings); ++i) {
         const int grouping = kGroupings[i].grouping;
