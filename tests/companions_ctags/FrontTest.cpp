@@ -126,6 +126,8 @@ TEST_F(Ctags, WalksALocationOnceWhateverLeadsToIt) {
     scratch_.Write("lo c/deep/three.c", "int three;\n");
     scratch_.Write("lo c/in/use.inc", "#define four 4\n");
     scratch_.Write("lo c/.git/hidden.c", "int hidden;\n");
+    scratch_.Write("lo c/huge.c", "int huge;\n");
+    std::filesystem::resize_file(scratch_.Path("lo c/huge.c"), 30'000'000);
     for (int i = 0; i < 12; ++i) {
         ASSERT_EQ(symlink("../deep", scratch_.Path("lo c/in/l" + std::to_string(i)).c_str()), 0);
         ASSERT_EQ(symlink("../in", scratch_.Path("lo c/deep/m" + std::to_string(i)).c_str()), 0);
