@@ -1,5 +1,7 @@
 #include "navigation/BrowseUpdate.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "app/ProjectDirScope.h"
@@ -45,6 +47,20 @@ void CBrowseUpdate::Finish(Outcome outcome) {
     DropFiles();
     const Finished finished = std::exchange(finished_, nullptr);
     finished(outcome, maps_);
+    Next(&CBrowseUpdate::ForgetMaps);
+}
+
+// To free a large index at once would hold the user up.
+void CBrowseUpdate::ForgetMaps() {
+    size_t left = kTagsAtOnce;
+    const auto forget = [&left](auto &map) {
+        const size_t count = std::min(left, map.size());
+        map.erase(map.begin(), std::next(map.begin(), static_cast<std::ptrdiff_t>(count)));
+        left -= count;
+    };
+    for (const SymbolCategory &category : kSymbolCategories) forget(maps_.*category.map);
+    forget(maps_.Prototypes);
+    if (left == 0) Next(&CBrowseUpdate::ForgetMaps);
 }
 
 bool CBrowseUpdate::Start(const char *kinds, const std::string &output, const char *numbering) {
@@ -98,11 +114,23 @@ void CBrowseUpdate::StartPrototypes() {
 }
 
 void CBrowseUpdate::AwaitPrototypes() {
-    const bool ended = HasCtagsEnded();
-    if (!ended && std::chrono::steady_clock::now() - started_ <= kPatience) {
+    if (HasCtagsEnded())
+        Next(&CBrowseUpdate::ReadPrototypes);
+    else if (std::chrono::steady_clock::now() - started_ > kPatience)
+        Finish(Outcome::givenUp);
+    else
         Next(&CBrowseUpdate::AwaitPrototypes);
-        return;
+}
+
+void CBrowseUpdate::ReadPrototypes() {
+    if (!prototypeReader_) {
+        text_ = ReadWholeFile(files_.prototypes).value_or(std::string());
+        prototypeReader_ = std::make_unique<CPrototypeReader>(text_, maps_.Prototypes);
     }
-    if (ended) ParsePrototypes(ReadWholeFile(files_.prototypes).value_or(std::string()), maps_.Prototypes);
-    Finish(ended ? Outcome::read : Outcome::givenUp);
+    Next(prototypeReader_->Read(kTagsAtOnce) ? &CBrowseUpdate::ReadPrototypes : &CBrowseUpdate::FinishReading);
+}
+
+// In a turn of its own: showing the index is work enough for one.
+void CBrowseUpdate::FinishReading() {
+    Finish(Outcome::read);
 }

@@ -13,7 +13,8 @@
 #include "navigation/TagFile.h"
 
 // Reads into maps of its own, in slices of a few milliseconds between which the event loop turns. A run of the tag
-// generator that doesn't come to an end is given up. Going away early it leaves nothing behind. Main thread.
+// generator that doesn't come to an end is given up. Going away early it leaves nothing behind. What it has been left
+// with when it has finished it frees in slices as well, as long as it lives. Main thread.
 class CBrowseUpdate {
 public:
     enum class Outcome { read, notStarted, givenUp };
@@ -35,6 +36,9 @@ private:
     void ReadTags();
     void StartPrototypes();
     void AwaitPrototypes();
+    void ReadPrototypes();
+    void FinishReading();
+    void ForgetMaps();
 
     BrowseFiles files_;
     const CtagsLanguage &language_;
@@ -45,6 +49,7 @@ private:
     std::vector<std::string> toRead_;  // tag files, the next one last
     std::string text_;
     std::unique_ptr<CTagReader> reader_;
+    std::unique_ptr<CPrototypeReader> prototypeReader_;
     SymbolMaps maps_;
     QTimer timer_;
     Step step_ = nullptr;

@@ -117,8 +117,7 @@ void CSymbolIndex::RequestUpdate() {
     if (again_) return;
     const auto finished = [this](CBrowseUpdate::Outcome outcome, SymbolMaps &maps) {
         TakeOver(outcome, maps);
-        // It is still at work here; the maps of before go with it.
-        QTimer::singleShot(0, [done = std::shared_ptr<CBrowseUpdate>(std::move(update_))] {});
+        finished_ = std::move(update_);  // it is still at work here, and then frees the maps of before
         if (again_) RequestUpdate();
     };
     update_ = std::make_unique<CBrowseUpdate>(BrowseFilesOf(project, configuration), ActiveLanguage(), finished);

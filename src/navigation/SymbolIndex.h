@@ -58,6 +58,7 @@ private:
 
     SymbolMaps maps_;
     std::unique_ptr<CBrowseUpdate> update_;  // null while none runs behind the user's back
+    std::unique_ptr<CBrowseUpdate> finished_;  // the last one
     bool waiting_ = false;                   // for the tag generator
     bool ended_ = false;                     // the last run, by the user
     bool again_ = false;                     // what the present update reads is out of date
