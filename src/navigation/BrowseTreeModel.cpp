@@ -12,7 +12,9 @@ namespace {
 
 constexpr qsizetype kLongestText = 1000;  // characters of a row; painting takes long for a line that nobody reads
 
-QString ShownName(std::string_view name) { return ToQString(std::string(name.substr(0, 4 * kLongestText))).left(kLongestText); }
+QString ShownName(std::string_view name) {
+    return ToQString(std::string(name.substr(0, 4 * kLongestText))).left(kLongestText);
+}
 
 }  // namespace
 

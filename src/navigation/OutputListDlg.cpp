@@ -33,8 +33,7 @@ COutputListDlg::COutputListDlg(QWidget *parent, const std::string &project, cons
     hint->setWordWrap(true);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    const auto *reset =
-        buttons->addButton(ToQString(LoadText(IDS_OUTPUT_LIST_DEFAULT)), QDialogButtonBox::ResetRole);
+    const auto *reset = buttons->addButton(ToQString(LoadText(IDS_OUTPUT_LIST_DEFAULT)), QDialogButtonBox::ResetRole);
     connect(reset, &QPushButton::clicked, this, [this, defaults] { list_->setPlainText(ToQString(defaults)); });
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -89,7 +89,8 @@ void CTabBrowseView::Clear() {
 
 void CTabBrowseView::OpenRow(const QModelIndex &index) {
     // What opens the source can build the index anew.
-    if (const BrowseRecord *record = model_->FindRecord(host_.Symbols(), index)) host_.OpenSymbol(BrowseRecord(*record));
+    if (const BrowseRecord *record = model_->FindRecord(host_.Symbols(), index))
+        host_.OpenSymbol(BrowseRecord(*record));
 }
 
 bool CTabBrowseView::event(QEvent *event) {

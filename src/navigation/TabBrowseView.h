@@ -15,8 +15,8 @@ public:
     explicit CTabBrowseView(CWorkspaceBarHost &host, QWidget *parent = nullptr);  // the host outlives the view
 
     // Shows the index by category (1) or by file (2). What the user folded stays folded, what is new is unfolded, and
-    // the first row on show and the current row stay as far as they are there. Rows stand until the next call, also when
-    // the index changes.
+    // the first row on show and the current row stay as far as they are there. Rows stand until the next call, also
+    // when the index changes.
     void Rebuild(int grouping);
     void Clear();
 

@@ -16,8 +16,8 @@ public:
     explicit CTabTodoView(CWorkspaceBarHost &host, QWidget *parent = nullptr);  // the host outlives the view
 
     // Reads all files of a project anew, or only `singleFile`, whatever its spelling. Empties the list for an empty
-    // `projectFile`. The list shows the result at once, unless there is so much to read that the user would have to wait;
-    // then it follows.
+    // `projectFile`. The list shows the result at once, unless there is so much to read that the user would have to
+    // wait; then it follows.
     void Scan(const std::string &projectFile, const std::string &singleFile = {});
 
     CReportCtrl &Report() { return *report_; }

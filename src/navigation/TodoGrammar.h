@@ -1,5 +1,5 @@
-// The two grammars of remarks: one cuts a text into lines, the other finds the word TODO or FIXME in a line. Neither skips
-// anything between tokens. Both take any bytes, and lines of any length without recursion.
+// The two grammars of remarks: one cuts a text into lines, the other finds the word TODO or FIXME in a line. Neither
+// skips anything between tokens. Both take any bytes, and lines of any length without recursion.
 #pragma once
 
 #include <boost/spirit/include/classic_core.hpp>

@@ -11,8 +11,8 @@
 // Paths are in the Windows form. Main thread.
 class CTodoList {
 public:
-    // Forgets the records of `singleFile` and puts that file, if the project has it, on the list of files to read; for an
-    // empty `singleFile` all records, and all files of the project. An empty `projectFile` forgets everything.
+    // Forgets the records of `singleFile` and puts that file, if the project has it, on the list of files to read; for
+    // an empty `singleFile` all records, and all files of the project. An empty `projectFile` forgets everything.
     void Begin(const std::string &projectFile, const std::string &singleFile);
 
     // Reads files until none is left or the time is over, at least one. False: call again. A file that can't be read is

@@ -42,7 +42,9 @@ size_t FindWord(std::string_view text, size_t at) {
 }
 
 // Bytes from 128 up are negative here and go like blanks.
-bool IsTrimmed(char byte) { return static_cast<signed char>(byte) <= ' '; }
+bool IsTrimmed(char byte) {
+    return static_cast<signed char>(byte) <= ' ';
+}
 
 std::string Trim(std::string_view text) {
     while (!text.empty() && IsTrimmed(text.front())) text.remove_prefix(1);

@@ -19,6 +19,6 @@ struct TodoRecord {
 // A list of more is of no use to anybody, and comes from data that is no source.
 inline constexpr size_t kMostTodos = 100'000;
 
-// Appends the remarks of `text`, at most one a line, with `file` in each, until there are kMostTodos records in all. Takes
-// time in proportion to the text, whatever stands in it. Any thread.
+// Appends the remarks of `text`, at most one a line, with `file` in each, until there are kMostTodos records in all.
+// Takes time in proportion to the text, whatever stands in it. Any thread.
 void ScanTodos(std::string_view text, const std::string &file, std::vector<TodoRecord> &records);

@@ -200,8 +200,7 @@ TEST_F(WorkspaceTabsTest, AddsDroppedFilesAndNamesThoseThatAreThere) {
     EXPECT_NE(box.find("led.asm"), std::string::npos);
     EXPECT_NE(box.find("main.asm"), std::string::npos);
     EXPECT_EQ(box.find("new.asm"), std::string::npos);
-    EXPECT_EQ(Files("blink/blink.__c"),
-              (Names{"board.inc", "led.asm", "main.asm", "new.asm", "timer.asm", "Output"}));
+    EXPECT_EQ(Files("blink/blink.__c"), (Names{"board.inc", "led.asm", "main.asm", "new.asm", "timer.asm", "Output"}));
     EXPECT_TRUE(App().symbols.FindBrowseRecord("newcomer")) << "the index follows";
 }
 
