@@ -20,7 +20,7 @@ public:
         uint8_t category = 0;  // place in kSymbolCategories
     };
     struct Group {
-        std::string name;  // a category's label, or a file as the project or the index spells it; it is recognised by it
+        std::string name;  // recognises it: a category's label, or a file as the project or the index has it
         std::vector<Symbol> symbols;
     };
 
