@@ -330,8 +330,8 @@ constexpr TextRow kTexts[] = {
     {IDS_DIALOG_OUTPUT_LIST, "Output Files"},
     {IDS_LABEL_OUTPUT_LIST, "&Files that a build of '%s' leaves:"},
     {IDS_OUTPUT_LIST_HINT,
-     "Names are separated by semicolons, commas or blanks. %name% stands for the project's name, %config% for the "
-     "active configuration, %target% for the chip."},
+     "Names are separated by semicolons, commas or blanks. %s stands for the project's name, %s for the active "
+     "configuration, %s for the chip."},
     {IDS_OUTPUT_LIST_DEFAULT, "&Defaults"},
     {IDS_ROW_OPEN, "&Open %s"},
     {IDS_ROW_REMOVE, "&Remove %s"},

@@ -59,24 +59,24 @@ enum StringId : int {
     IDS_CONFIG_UNKNOWN = 326,             // %s the configuration, %s the project; build list
     IDS_CANT_REMOVE_FILE = 327,           // %s; error
 
-    // Project tree; %s is a row's name
+    // Project tree
     IDS_OUTPUT_FOLDER = 330,
     IDS_FILE_ENTRY_UNREADABLE = 331,      // %d its number, %s the project; error
     IDS_DIALOG_OUTPUT_LIST = 332,
     IDS_LABEL_OUTPUT_LIST = 333,          // %s the project
-    IDS_OUTPUT_LIST_HINT = 334,
+    IDS_OUTPUT_LIST_HINT = 334,           // %s, %s, %s the variables of project, configuration, chip
     IDS_OUTPUT_LIST_DEFAULT = 335,        // button
-    IDS_ROW_OPEN = 336,                   // menu entries
-    IDS_ROW_REMOVE = 337,
-    IDS_ROW_RELATIVE = 338,
-    IDS_ROW_ACTIVATE = 339,
-    IDS_ROW_ADD_FILES = 340,
-    IDS_ROW_ADD_NEW_FILE = 341,
-    IDS_ROW_OUTPUT_LIST = 342,
-    IDS_ROW_BUILD = 343,
-    IDS_ROW_REBUILD = 344,
-    IDS_ROW_CLEAN = 345,
-    IDS_ROW_REMOVE_PROJECT = 346,
+    IDS_ROW_OPEN = 336,                   // %s the row; menu entry
+    IDS_ROW_REMOVE = 337,                 // %s the row
+    IDS_ROW_RELATIVE = 338,               // %s the row
+    IDS_ROW_ACTIVATE = 339,               // %s the row
+    IDS_ROW_ADD_FILES = 340,              // %s the row
+    IDS_ROW_ADD_NEW_FILE = 341,           // %s the row
+    IDS_ROW_OUTPUT_LIST = 342,            // %s the row
+    IDS_ROW_BUILD = 343,                  // %s the row
+    IDS_ROW_REBUILD = 344,                // %s the row
+    IDS_ROW_CLEAN = 345,                  // %s the row
+    IDS_ROW_REMOVE_PROJECT = 346,         // %s the row
     IDS_OUTPUT_LIST_NOT_SAVED = 347,      // %s the project's file; error
     IDS_OUTPUT_LIST_TOO_LONG = 348,       // %d the longest; warning
 
