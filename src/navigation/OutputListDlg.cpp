@@ -29,7 +29,7 @@ COutputListDlg::COutputListDlg(QWidget *parent, const std::string &project, cons
     list_->setPlainText(ToQString(list));
     list_->moveCursor(QTextCursor::End);
     list_->setMinimumSize(kColumns * fontMetrics().averageCharWidth(), (kLines + 1) * fontMetrics().lineSpacing());
-    auto *hint = new QLabel(ToQString(LoadText(IDS_OUTPUT_LIST_HINT)));
+    auto *hint = new QLabel(ToQString(LoadText(IDS_OUTPUT_LIST_HINT, {"%name%", "%config%", "%target%"})));
     hint->setWordWrap(true);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
