@@ -162,12 +162,13 @@ void CIDEApp::MapCommands() {
         ID_FILE_SAVE_ALL, [this] { SaveAllDocuments(false); },
         [this](CCmdUI &ui) { ui.Enable(std::ranges::any_of(GetDocuments(), &CDocument::IsModified)); });
     OnCommand(
-        ID_GOTO_DEFINITION, [this] { browseHistory.GotoDefinition(); },
+        ID_GOTO_DEFINITION, [this] { browseHistory.OnBrowseGotoDefinition(); },
         [](CCmdUI &ui) { ui.Enable(IsSourceViewActive()); });
     OnCommand(
-        ID_GO_BACK, [this] { browseHistory.GoBack(); }, [this](CCmdUI &ui) { ui.Enable(!browseHistory.IsEmpty()); });
+        ID_GO_BACK, [this] { browseHistory.OnBrowseGoBack(); },
+        [this](CCmdUI &ui) { ui.Enable(!browseHistory.IsEmpty()); });
     OnCommand(
-        ID_BROWSE_EXTRA_LOCATIONS, [] { BrowseExtraLocations(); },
+        ID_BROWSE_EXTRA_LOCATIONS, [] { OnBrowseExtraLocations(); },
         [](CCmdUI &ui) { ui.Enable(!ExtraLocationsFile().empty()); });
     OnCommand(ID_EDITOR_SETTINGS, [] { RunEditorSettings(); });
     OnCommand(ID_PAGE_MARGINS, [] { RunPageMargins(); });

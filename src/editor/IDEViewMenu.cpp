@@ -76,8 +76,10 @@ std::unique_ptr<QMenu> CIDEView::MakeFunctionMenu() {
     const std::vector<CFunctionData> &functions = GetIDEDoc()->functions;
     if (functions.empty()) return nullptr;
     auto menu = std::make_unique<QMenu>(ToQString(LoadText(IDS_MENU_FUNCTIONS)), this);
-    for (size_t i = 0; i < std::min(functions.size(), kMostFunctions); ++i)
-        menu->addAction(frame->MakeCommandAction(ID_FUNCTIONS + static_cast<int>(i), EntryText(functions[i].name), menu.get()));
+    for (size_t i = 0; i < std::min(functions.size(), kMostFunctions); ++i) {
+        const int command = ID_FUNCTIONS + static_cast<int>(i);
+        menu->addAction(frame->MakeCommandAction(command, EntryText(functions[i].name), menu.get()));
+    }
     return menu;
 }
 

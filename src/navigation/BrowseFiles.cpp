@@ -25,7 +25,8 @@ BrowseFiles BrowseFilesOf(const std::string &project, const std::string &configu
     const std::string folder = parts.GetDirectory(), title = parts.GetTitle();
     BrowseFiles files{project, folder + configuration + "\\" + title + ".brws", {ExtraTagsFile(project)},
                       folder + title + ".proto"};
-    if (const std::string keeper = ExtraLocationsFile(); keeper != project) files.extraTags.push_back(ExtraTagsFile(keeper));
+    const std::string keeper = ExtraLocationsFile();
+    if (keeper != project) files.extraTags.push_back(ExtraTagsFile(keeper));
     return files;
 }
 

@@ -15,7 +15,7 @@ struct BrowseFiles {
 // Those of a project file and a configuration in the open workspace.
 BrowseFiles BrowseFilesOf(const std::string &project, const std::string &configuration);
 
-// Writes the list of all files that an update reads: the project's own, the kernel's header and the toolsuite's headers,
-// the last two as the project wants. Native names, a line each. The list's name in the Windows form, for the caller to
+// Writes the list of all files that an update reads: the project's own, the kernel's header, the toolsuite's headers, the
+// last two as the project wants. Native names, a line each. The list's name in the Windows form, for the caller to
 // delete; empty when it can't be written. Main thread.
 std::string WriteBrowseFileList(const std::string &project);

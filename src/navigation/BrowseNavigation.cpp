@@ -88,7 +88,7 @@ void ShowDefinition(const BrowseRecord &record) {
         TellNotShown(record.name);
 }
 
-void CBrowseHistory::GotoDefinition() {
+void CBrowseHistory::OnBrowseGotoDefinition() {
     const CIDEView *view = ActiveSourceView();
     const CIDEDoc *document = view ? view->GetIDEDoc() : nullptr;
     if (!document) return;
@@ -106,7 +106,7 @@ void CBrowseHistory::GotoDefinition() {
     ShowDefinition(*record);
 }
 
-void CBrowseHistory::GoBack() {
+void CBrowseHistory::OnBrowseGoBack() {
     if (places_.empty()) return;
     const BrowseRecord place = std::move(places_.back());
     places_.pop_back();

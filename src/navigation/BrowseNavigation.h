@@ -18,8 +18,8 @@ void ShowDefinition(const BrowseRecord &record);
 class CBrowseHistory {
 public:
     bool IsEmpty() const { return places_.empty(); }
-    void GotoDefinition();  // of the word at the caret of the active source view; nothing when the index hasn't got it
-    void GoBack();
+    void OnBrowseGotoDefinition();  // of the word at the caret of the active source view; nothing for an unknown one
+    void OnBrowseGoBack();
 
 private:
     std::vector<BrowseRecord> places_;

@@ -18,7 +18,7 @@
 class CBrowseUpdate {
 public:
     enum class Outcome { read, notStarted, givenUp };
-    using Finished = std::function<void(Outcome, SymbolMaps &)>;  // takes what it wants of the maps; not to delete the update
+    using Finished = std::function<void(Outcome, SymbolMaps &)>;  // takes or swaps the maps; mustn't delete the update
 
     CBrowseUpdate(BrowseFiles files, const CtagsLanguage &language, Finished finished);
     ~CBrowseUpdate();

@@ -66,7 +66,7 @@ std::string ExtraTagsFile(const std::string &file) {
     return parts.GetDirectory() + parts.GetTitle() + ".gbrws";
 }
 
-void BrowseExtraLocations() {
+void OnBrowseExtraLocations() {
     CIDEApp &app = CIDEApp::Get();
     const std::string file = ExtraLocationsFile();
     CExtraBrowseLocationsDlg dialog(app.GetMainFrame(), file);

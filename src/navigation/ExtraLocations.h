@@ -19,4 +19,4 @@ bool WriteExtraLocations(const std::string &file, const std::vector<std::string>
 std::string ExtraTagsFile(const std::string &file);
 
 // The user's command: the dialog, then the tags of what he chose, then the index. Main thread.
-void BrowseExtraLocations();
+void OnBrowseExtraLocations();

@@ -28,7 +28,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::chrono::milliseconds kPatience = 5s;  // with a tag generator that holds the user; doubled at each refusal
+constexpr std::chrono::milliseconds kPatience = 5s;  // with a tag generator that holds the user; doubled at each "no"
 constexpr uintmax_t kLargestListed = 20'000'000;     // bytes; a larger document has no list of functions
 
 // The order in which a name is looked for.

@@ -1,5 +1,5 @@
-// The index of the active project's symbols: what the tag generator finds in the project's files, in the system's headers
-// and in the user's extra locations.
+// The index of the active project's symbols: what the tag generator finds in the project's files, in the system's
+// headers and in the user's extra locations.
 #pragma once
 
 #include <list>
@@ -31,7 +31,7 @@ public:
     void RequestUpdate();
     bool IsUpdating() const { return update_ != nullptr; }
 
-    // Runs the tag generator on `arguments` for symbols of `kinds` and waits for its end. False when it can't be started.
+    // Runs the tag generator on `arguments` for symbols of `kinds` and waits for its end. False when it can't start.
     bool RunCtags(const std::string &outputFile, const std::string &kinds, const std::string &arguments);
 
     // The list of all files to read, one native name a line. The caller deletes it. Empty when it can't be written.
