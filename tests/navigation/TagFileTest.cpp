@@ -54,7 +54,7 @@ TEST(TagFile, ReadsWhatIsOddOrCutShort) {
         {"lines without their fields", "a\na\tb\n\t\t\na\tb\t1\na\tb\t1;\"\nc\tone.c\t2;\"\tv", "V:c one.c:2; "},
         {"remarks only", "!one\r\n!two\r\n", ""},
         {"blank lines", "\n\r\n\r\ra\tone.c\t1;\"\tf\r\r\nb\tone.c\t2;\"\tf", "F:a one.c:1; F:b one.c:2; "},
-        {"nothing behind a zero byte", std::string("a\tone.c\t1;\"\tf\n\0b\tone.c\t2;\"\tf\n", 33), "F:a one.c:1; "},
+        {"nothing behind a zero byte", std::string("a\tone.c\t1;\"\tf\n") + '\0' + "b\tone.c\t2;\"\tf\n", "F:a one.c:1; "},
         {"a long name", std::string(10'000, 'n') + "\tone.c\t1;\"\tf", "F:" + std::string(10'000, 'n') + " one.c:1; "},
     };
     for (const auto &c : cases) {
@@ -94,7 +94,9 @@ TEST(TagFile, CutsPrototypesOutOfPatterns) {
         std::map<std::string, std::string> prototypes;
         ParsePrototypes(c.line, prototypes);
         EXPECT_EQ(prototypes.size(), c.expected ? 1u : 0u) << c.line;
-        if (c.expected) EXPECT_EQ(prototypes["f"], c.expected) << c.line;
+        if (c.expected) {
+            EXPECT_EQ(prototypes["f"], c.expected) << c.line;
+        }
     }
 }
 
