@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ObjectFile.h"
+#include "coff/ObjectFile.h"
 
 struct LinkedLabel {
     std::string name;
@@ -54,7 +54,9 @@ public:
         std::unordered_map<std::string, Section> sections;
     };
 
-    CLinkedImage(const std::string &path, uint32_t programSize);  // path: Windows form
+    CLinkedImage(CObjectFile file, uint32_t programSize);
+
+    const CObjectFile &File() const { return file_; }
 
     int Bits() const { return file_.BitsPerAddress(); }
     uint32_t BytesPerUnit() const { return Bits() == 8 ? 1 : 2; }
@@ -85,6 +87,7 @@ private:
     void AddPart(const CObjectFile::Symbol &symbol);
     void CompleteProgram();
     void PlaceLabels(std::vector<FoundLabel> labels);
+    int PartOf(int section, uint32_t address) const;  // as PartAt, of program or data
     void ReadLines();
 
     CObjectFile file_;

@@ -1,4 +1,4 @@
-#include "ObjectFile.h"
+#include "coff/ObjectFile.h"
 
 #include <algorithm>
 
@@ -8,7 +8,8 @@ namespace {
 
 constexpr uint16_t kMagic = 0x1240;
 constexpr size_t kFileHeaderSize = 20, kSectionSize = 40, kSymbolSize = 20, kRelocationSize = 12, kLineSize = 16;
-constexpr size_t kOptionalHeaderSize = 18, kBitsPerAddressOffset = 10;
+constexpr uint16_t kLinkedFlag = 2;
+constexpr size_t kOptionalHeaderSize = 18, kProcessorOffset = 6, kBitsPerAddressOffset = 10;
 constexpr size_t kLongestName = 1024;  // a file can claim that all its names are one long text without end
 
 // Little-endian numbers of a file; what lies behind its end reads as 0.
@@ -57,8 +58,12 @@ void CObjectFile::Read(std::string file) {
     bytes_ = std::make_shared<const std::string>(std::move(file));
     const std::string_view bytes = *bytes_;
     if (bytes.size() < kFileHeaderSize || Short(bytes, 0) != kMagic) return;
-    if (Short(bytes, 16) >= kOptionalHeaderSize)
+    isObject_ = true;
+    isLinked_ = (Short(bytes, 18) & kLinkedFlag) != 0;
+    if (Short(bytes, 16) >= kOptionalHeaderSize) {
+        processor_ = Long(bytes, kFileHeaderSize + kProcessorOffset);
         bitsPerAddress_ = static_cast<int>(Long(bytes, kFileHeaderSize + kBitsPerAddressOffset) & 0xFF);
+    }
     ReadSymbols(bytes, Long(bytes, 8), Long(bytes, 12));
     ReadSections(bytes, kFileHeaderSize + Short(bytes, 16), Short(bytes, 2));
 }
@@ -68,6 +73,8 @@ void CObjectFile::ReadSymbols(std::string_view bytes, size_t begin, size_t count
     const auto nameAt = [&](size_t offset) {
         return Long(bytes, offset) == 0 ? TextAt(bytes, strings + Long(bytes, offset + 4)) : TextAt(bytes, offset, 8);
     };
+    // Last in a file, behind its symbols, stand their long names, with their size before them.
+    isWhole_ = strings + 4 <= bytes.size() && Long(bytes, strings) <= bytes.size() - strings;
     count = Fitting(bytes, begin, count, kSymbolSize);
     symbols_.resize(count);
     for (size_t i = 0; i < count; ++i) {
@@ -81,6 +88,7 @@ void CObjectFile::ReadSymbols(std::string_view bytes, size_t begin, size_t count
         if (auxiliaries > 0 && symbol.storage == Storage::section) symbol.length = Long(bytes, record + kSymbolSize);
         if (auxiliaries > 0 && symbol.storage == Storage::file) {
             symbol.fileName = TextAt(bytes, strings + Long(bytes, record + kSymbolSize));
+            symbol.included = Long(bytes, record + kSymbolSize + 4) != 0;
             files_.push_back({static_cast<uint32_t>(i), symbol.fileName});
         }
         i += auxiliaries;

@@ -1,4 +1,4 @@
-#include "FunctionSplit.h"
+#include "coff/FunctionSplit.h"
 
 #include <algorithm>
 

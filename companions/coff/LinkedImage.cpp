@@ -1,4 +1,4 @@
-#include "LinkedImage.h"
+#include "coff/LinkedImage.h"
 
 #include <algorithm>
 
@@ -38,7 +38,7 @@ bool IsInProgram(const CObjectFile::Section &section, uint32_t programSize) {
     return section.IsProgram() && (programSize == 0 || section.address < programSize);
 }
 
-CLinkedImage::CLinkedImage(const std::string &path, uint32_t programSize) : file_(path) {
+CLinkedImage::CLinkedImage(CObjectFile file, uint32_t programSize) : file_(std::move(file)) {
     for (const CObjectFile::Section &section : file_.Sections()) {
         inProgram_.push_back(IsInProgram(section, programSize));
         if (section.IsData()) dataSize_ += section.size;
@@ -50,11 +50,13 @@ CLinkedImage::CLinkedImage(const std::string &path, uint32_t programSize) : file
 }
 
 // The symbols of an object stand between its source's file symbol and the end that belongs to it; included files nest.
+// Where a compiler names the files there are no ends.
 std::vector<CLinkedImage::FoundLabel> CLinkedImage::ReadObjects() {
     std::vector<FoundLabel> labels;
     int depth = 0;
     for (const CObjectFile::Symbol &symbol : file_.Symbols()) {
         if (symbol.storage == Storage::file) {
+            if (!symbol.included) depth = 0;
             if (depth++ == 0) objects_.push_back({symbol.fileName, {}});
         } else if (symbol.storage == Storage::endOfFile) {
             depth = std::max(0, depth - 1);
@@ -146,8 +148,9 @@ void CLinkedImage::PlaceLabels(std::vector<FoundLabel> labels) {
             section.place.part = partOf(static_cast<int>(i), section.index);
     for (FoundLabel &found : labels) {
         const bool inProgram = inProgram_[static_cast<size_t>(found.section)];
-        const int part = partOf(found.object, found.section);
         LinkedLabel &label = found.label;
+        int part = partOf(found.object, found.section);
+        if (part < 0) part = PartOf(found.section, label.address);
         if (label.name.empty()) continue;
         if (label.global) globals_.insert({label.name, {inProgram, part, label.address}});
         if (part < 0) continue;
@@ -165,6 +168,19 @@ void CLinkedImage::ReadLines() {
     for (const CObjectFile::Line &line : file_.Lines())
         if (inProgram_[static_cast<size_t>(line.section) - 1]) lines_.push_back(line);
     std::stable_sort(lines_.begin(), lines_.end(), [](const auto &a, const auto &b) { return a.address < b.address; });
+}
+
+// For a label whose object isn't told.
+int CLinkedImage::PartOf(int section, uint32_t address) const {
+    if (inProgram_[static_cast<size_t>(section)]) {
+        const int part = PartAt(address);
+        return part >= 0 && program_[static_cast<size_t>(part)].sectionIndex == section ? part : -1;
+    }
+    const auto after = std::upper_bound(
+        data_.begin(), data_.end(), std::pair(section, address),
+        [](const auto &key, const LinkedPart &part) { return key < std::pair(part.sectionIndex, part.begin); });
+    if (after == data_.begin() || std::prev(after)->sectionIndex != section) return -1;
+    return std::prev(after)->Contains(address) ? static_cast<int>(std::prev(after) - data_.begin()) : -1;
 }
 
 int CLinkedImage::PartAt(uint32_t address) const {

@@ -30,14 +30,15 @@ public:
         bool IsData() const { return (flags & 0xC0) != 0; }
         bool IsProgram() const { return (flags & 0x120) != 0; }  // code, or data that the linker puts into the program
     };
-    enum class Storage : uint8_t { external = 2, file = 103, endOfFile = 107, section = 109 };
+    enum class Storage : uint8_t { external = 2, variable = 3, label = 6, file = 103, endOfFile = 107, section = 109 };
     struct Symbol {
         std::string name;
         uint32_t value = 0;
         int section = 0;  // from 1; 0 undefined, negative special
         Storage storage{};
-        uint32_t length = 0;   // of a section's symbol: the bytes that this object has of it
-        std::string fileName;  // of a file's symbol
+        uint32_t length = 0;    // of a section's symbol: the bytes that this object has of it
+        std::string fileName;   // of a file's symbol
+        bool included = false;  // of a file's symbol: by the file before it
     };
     struct Line {
         int section;
@@ -53,6 +54,11 @@ public:
 
     explicit CObjectFile(const std::string &path);  // Windows form
     static CObjectFile FromBytes(std::string bytes);
+
+    bool IsObject() const { return isObject_; }  // of this kind at all
+    bool IsWhole() const { return isWhole_; }    // not cut short
+    bool IsLinked() const { return isLinked_; }
+    uint32_t ProcessorNumber() const { return processor_; }  // see Processors.h
 
     const std::vector<Section> &Sections() const { return sections_; }
     const Section *FindSection(std::string_view name) const;  // null when there is none
@@ -86,5 +92,7 @@ private:
     std::vector<File> files_;
     std::vector<Line> lines_;
     std::vector<Use> uses_;
+    bool isObject_ = false, isWhole_ = false, isLinked_ = false;
+    uint32_t processor_ = 0;
     int bitsPerAddress_ = 0;
 };

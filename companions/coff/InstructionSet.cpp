@@ -1,4 +1,4 @@
-#include "InstructionSet.h"
+#include "coff/InstructionSet.h"
 
 namespace {
 
