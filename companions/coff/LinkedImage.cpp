@@ -16,19 +16,18 @@ uint32_t EndOf(uint32_t begin, uint32_t size) {
     return size > UINT32_MAX - begin ? UINT32_MAX : begin + size;
 }
 
-// For each "$" the assembler makes a label of its own, "_name_001f" in section "name".
+bool ByAddress(const LinkedPart &a, const LinkedPart &b) {
+    return a.begin < b.begin;
+}
+
+}  // namespace
+
 bool IsAutoLabel(std::string_view label, std::string_view section) {
     if (!label.starts_with('_') || !label.substr(1).starts_with(section)) return false;
     label.remove_prefix(1 + section.size());
     if (!label.starts_with('_') || label.size() < 1 + kAutoLabelDigits) return false;
     return label.find_first_not_of("0123456789abcdef", 1) == std::string_view::npos;
 }
-
-bool ByAddress(const LinkedPart &a, const LinkedPart &b) {
-    return a.begin < b.begin;
-}
-
-}  // namespace
 
 uint32_t ProgramUnits(const CObjectFile &image, const CObjectFile::Section &section) {
     return UnitsOf(section.size, image.BitsPerAddress() == 8 ? 1 : 2);
@@ -38,7 +37,7 @@ bool IsInProgram(const CObjectFile::Section &section, uint32_t programSize) {
     return section.IsProgram() && (programSize == 0 || section.address < programSize);
 }
 
-CLinkedImage::CLinkedImage(CObjectFile file, uint32_t programSize) : file_(std::move(file)) {
+CLinkedImage::CLinkedImage(CObjectFile file, uint32_t programSize) : file_(std::move(file)), programSize_(programSize) {
     for (const CObjectFile::Section &section : file_.Sections()) {
         inProgram_.push_back(IsInProgram(section, programSize));
         if (section.IsData()) dataSize_ += section.size;
@@ -76,11 +75,17 @@ std::vector<CLinkedImage::FoundLabel> CLinkedImage::ReadObjects() {
     return labels;
 }
 
+uint32_t CLinkedImage::ProgramEndOf(const CObjectFile::Section &section) const {
+    const uint32_t end = EndOf(section.address, ProgramUnits(file_, section));
+    return programSize_ == 0 ? end : std::min(end, programSize_);
+}
+
 void CLinkedImage::AddPart(const CObjectFile::Symbol &symbol) {
     const CObjectFile::Section &section = file_.Sections()[static_cast<size_t>(symbol.section) - 1];
     const bool inProgram = inProgram_[static_cast<size_t>(symbol.section) - 1];
     const uint32_t bytesPerUnit = section.IsData() ? 1 : BytesPerUnit();
-    const uint32_t end = EndOf(section.address, UnitsOf(section.size, bytesPerUnit));
+    const uint32_t end =
+        inProgram ? ProgramEndOf(section) : EndOf(section.address, UnitsOf(section.size, bytesPerUnit));
     LinkedPart part;
     part.section = symbol.name;
     part.sectionIndex = symbol.section - 1;
@@ -102,7 +107,7 @@ void CLinkedImage::CompleteProgram() {
     for (size_t i = 0; i < bySection.size(); ++i) {
         if (!inProgram_[i]) continue;
         const CObjectFile::Section &section = file_.Sections()[i];
-        const uint32_t end = EndOf(section.address, ProgramUnits(file_, section));
+        const uint32_t end = ProgramEndOf(section);
         std::vector<LinkedPart> &parts = bySection[i];
         std::stable_sort(parts.begin(), parts.end(), ByAddress);
         if (section.address < end && (parts.empty() || parts.front().begin > section.address)) {

@@ -42,6 +42,9 @@ struct LinkedPlace {
 bool IsInProgram(const CObjectFile::Section &section, uint32_t programSize);
 uint32_t ProgramUnits(const CObjectFile &image, const CObjectFile::Section &section);  // its size
 
+// For each "$" the assembler makes a label of its own, "_name_001f" in section "name".
+bool IsAutoLabel(std::string_view label, std::string_view section);
+
 class CLinkedImage {
 public:
     struct Section {  // of one object
@@ -85,12 +88,14 @@ private:
 
     std::vector<FoundLabel> ReadObjects();
     void AddPart(const CObjectFile::Symbol &symbol);
+    uint32_t ProgramEndOf(const CObjectFile::Section &section) const;
     void CompleteProgram();
     void PlaceLabels(std::vector<FoundLabel> labels);
     int PartOf(int section, uint32_t address) const;  // as PartAt, of program or data
     void ReadLines();
 
     CObjectFile file_;
+    uint32_t programSize_;
     std::vector<bool> inProgram_;  // by section of the image
     std::vector<Object> objects_;
     std::vector<LinkedPart> program_, data_;

@@ -55,6 +55,7 @@ public:
     explicit CObjectFile(const std::string &path);  // Windows form
     static CObjectFile FromBytes(std::string bytes);
 
+    size_t Size() const { return bytes_ ? bytes_->size() : 0; }  // of the file
     bool IsObject() const { return isObject_; }  // of this kind at all
     bool IsWhole() const { return isWhole_; }    // not cut short
     bool IsLinked() const { return isLinked_; }
