@@ -50,6 +50,8 @@ using DbgInstFn = void(int address, int clk, void *user);  // behind each instru
 using DbgDLLInitFn = int(void **proc, void **param, const char *target, DbgExecutionFn *callback, void *frame);
 using DbgDLLCleanupFn = int();  // safe to repeat
 using DbgLoadFileFn = int(const char *image);
+// Why the last DbgDLLInit or DbgLoadFile has failed, in words for the user; empty when it hasn't.
+using DbgGetErrorTextFn = int(char *buffer, int size);
 using DbgSetExecutionChangeCallbackFn = int(DbgExecutionFn *fn, void *user);
 
 // With the profile off, the clock callback comes some times a second while the target runs, and before each stop; with

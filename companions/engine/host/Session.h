@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-enum class RunKind : int { run, stepInto, stepIntoInstr, stepOver, stepOverInstr, stepOut };
+#include "protocol/RunKind.h"
 
 struct SessionPlace {
     std::string file;  // empty: no source is known
@@ -21,8 +21,9 @@ struct SessionPlace {
     int address = 0;   // the program counter
 };
 
-// Whom a running session tells. A call returns when the debugger has dealt with it; meanwhile any request but Load, Reset
-// and Start may come into the session, so these calls are made between two instructions and with all state in order.
+// Whom a running session tells. A call returns when the debugger has dealt with it; meanwhile any request but Load,
+// Reset and Start may come into the session, so these calls are made between two instructions and with all state in
+// order.
 class CSessionEvents {
 public:
     virtual ~CSessionEvents() = default;
@@ -43,7 +44,7 @@ public:
 
     // The run. None of these comes before Load has succeeded; Start, and Reset, come while the target stands.
     virtual bool Reset(bool powerOn) = 0;
-    virtual bool Start(RunKind kind) = 0;  // false: refused, and nothing has changed
+    virtual bool Start(RunKind kind) = 0;  // false: refused, and nothing has changed. Forgets an earlier Stop
     struct SliceEnd {
         bool stopped = false;
         int reason = 0;  // when stopped: kDbgStopped, kDbgPlace or kDbgBadMemory
@@ -51,7 +52,8 @@ public:
     // Goes on with what Start began: until a stop, or for about a millisecond (some thousand instructions). Must return
     // though the chip sleeps.
     virtual SliceEnd Slice(CSessionEvents &events) = 0;
-    virtual void Stop() = 0;  // the running Slice, or the next one, ends with kDbgStopped; may come from within an event
+    virtual void
+    Stop() = 0;  // the running Slice, or the next one, ends with kDbgStopped; may come from within an event
     virtual void TellInstructions(bool on) = 0;  // comes between slices and takes effect with the next one
 
     virtual SessionPlace Place() = 0;
@@ -103,12 +105,12 @@ public:
     virtual bool WatchPin(int pin, bool on) = 0;
 
     // What isn't the target's but the user's, and stays as it is when the target goes back: breakpoints with their
-    // conditions, watchpoints, watched registers and pins, all under their ids. The text of one session of the process
-    // is read by an earlier one of the same image; empty when it is none of these.
+    // conditions, watchpoints, watched registers and pins, connections, all under their ids (hit counts and voltages go
+    // back with the target). What the session gives here, an earlier state of it takes when it is woken.
     virtual std::string Settings() = 0;
     virtual void TakeSettings(const std::string &settings) = 0;
 };
 
-// A session with the chip that `target` names ("PIC16F628A", or a path whose file name is that); null with the reason in
-// `error`. Called once in the life of a process.
+// A session with the chip that `target` names ("PIC16F628A", or a path whose file name is that); null with the reason
+// in `error`. Called once in the life of a process.
 std::unique_ptr<CSession> CreateSession(const std::string &target, std::string &error);
