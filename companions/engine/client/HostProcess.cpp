@@ -144,4 +144,6 @@ void CHostProcess::End() {
     while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) {
     }
     pid_ = -1;
+    // The root has seen to all others, unless it was ended from outside.
+    if (block_) block_->DismissSnapshots();
 }

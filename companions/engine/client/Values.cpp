@@ -54,9 +54,6 @@ void TakeOne(CMessageReader &in, std::vector<uint8_t> &value) {
     value = in.Block();
 }
 
-bool IsGiven(const char *text) {
-    return text != nullptr;
-}
 bool IsGiven(Name name) {
     return name.text != nullptr;
 }

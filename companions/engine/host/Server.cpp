@@ -55,7 +55,7 @@ void CServer::RunSlice() {
     const auto now = std::chrono::steady_clock::now();
     if (now - toldAt_ < kClockInterval) return;
     toldAt_ = now;
-    if (CSnapshots::HasEnded(life_)) _exit(0);
+    LeaveIfAlone();
     if (block_.wantsClock == 0 || block_.eachInstruction != 0) return;
     Post(EventKind::clock, [&](SharedEvent &event) { FillClock(event, session_->Cycles()); });
 }
@@ -139,7 +139,13 @@ void CServer::Await(Condition condition) {
 
 void CServer::WaitForBell(uint32_t seen) {
     block_.toHost.Wait(seen, kLookInterval);
-    if (block_.toHost.Count() == seen && CSnapshots::HasEnded(life_)) _exit(0);
+    if (block_.toHost.Count() == seen) LeaveIfAlone();
+}
+
+void CServer::LeaveIfAlone() {
+    if (!CSnapshots::HasEnded(life_)) return;
+    block_.DismissSnapshots();
+    _exit(0);
 }
 
 // --- Calls ---

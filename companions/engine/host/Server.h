@@ -54,7 +54,8 @@ private:
     void AwaitRelease();                   // until the event has been dealt with and no lock holds the target
     template <typename Condition>
     void Await(Condition condition);  // answers calls meanwhile
-    void WaitForBell(uint32_t seen);  // ends the process when it is alone
+    void WaitForBell(uint32_t seen);
+    void LeaveIfAlone();  // when the root process has ended
     void FillClock(SharedEvent &event, int64_t cycles);
 
     SharedBlock &block_;

@@ -113,6 +113,9 @@ struct SharedBlock {
         int32_t pid;
     } snapshots[kMostSnapshots];
 
+    // Sends all frozen processes away. For whoever finds that no live process is there any more.
+    void DismissSnapshots();
+
     std::byte requestBytes[64 * 1024];
     std::byte replyBytes[1024 * 1024];
 };
