@@ -4,7 +4,12 @@
 // A debug run: DbgDLLInit gives a procedure that the caller runs on a thread of its own; DbgLoadFile; the three Set...
 // calls; DbgPerformanceProfile; DbgReset, whose stop is the first to be told. Its end: the two Remove... calls, then
 // DbgDLLCleanup, at which the procedure returns. All calls but the callbacks may come from any thread, also from within
-// a callback; they are answered while the target runs, too. One run at a time in a process.
+// a callback; they are answered while the target runs, too. One run at a time in a process: DbgDLLInit fails while there
+// is one.
+//
+// The chip lives in a process of its own ("simhost.exe" of the program directory). Should that end or hang, the calls
+// fail, and the execution callback is told kDbgText with words for the user and, when a stop is awaited, kDbgStopped
+// without a place; then the procedure returns. The run still ends with DbgDLLCleanup.
 //
 // Every Dbg call gives 0 on success, kDbgTooSmall where a buffer is too small for the text and its zero (nothing is
 // written then, and the caller tries again with a larger one), anything else on failure. Texts are zero-terminated
@@ -48,7 +53,10 @@ using DbgInstFn = void(int address, int clk, void *user);  // behind each instru
 // or the bare name of the chip's description ("PIC16F628A"); `callback` serves until DbgSetExecutionChangeCallback;
 // `frame` is not looked at.
 using DbgDLLInitFn = int(void **proc, void **param, const char *target, DbgExecutionFn *callback, void *frame);
-using DbgDLLCleanupFn = int();  // safe to repeat
+
+// Safe to repeat, without a run, while the target runs, and from within a callback. Doesn't wait for a callback that is
+// being made; behind that one none comes and the procedure returns. The library stays loaded until it has.
+using DbgDLLCleanupFn = int();
 using DbgLoadFileFn = int(const char *image);
 // Why the last DbgDLLInit or DbgLoadFile has failed, in words for the user; empty when it hasn't.
 using DbgGetErrorTextFn = int(char *buffer, int size);
@@ -57,6 +65,7 @@ using DbgSetExecutionChangeCallbackFn = int(DbgExecutionFn *fn, void *user);
 // With the profile off, the clock callback comes some times a second while the target runs, and before each stop; with
 // it on, both callbacks come for each instruction.
 using DbgSetClkCallBackFn = int(DbgClockFn *fn, void *user);
+// Only the pair that was set can be removed. A call that is being made meanwhile goes on to its end.
 using DbgRemoveClkCallBackFn = int(DbgClockFn *fn, void *user);
 using DbgSetInstCallBackFn = int(DbgInstFn *fn, void *user);
 using DbgRemoveInstCallBackFn = int(DbgInstFn *fn, void *user);
@@ -64,7 +73,10 @@ using DbgPerformanceProfileFn = int(int on);
 
 // Accepted (0) or refused; the stop comes as a callback: DbgReset, DbgPowerOnReset, DbgRun, DbgStop, DbgStepInto,
 // DbgStepIntoInstr, DbgStepOver, DbgStepOverInstr, DbgStepOut, DbgStepBack. All but DbgStop are refused while the target
-// runs, and DbgStop while it doesn't.
+// runs, and DbgStop while it doesn't. The target runs until the stop is told.
+//
+// DbgStepBack takes back the last of the others, a reset too, up to 100 times; it is refused where there is nothing to
+// take back. Breakpoints, watchpoints, connections and change callbacks stay as they are.
 using DbgCommandFn = int();
 
 // `expression` is a name or an expression of C over names: symbols of the image, "$NAME" a register, "$%d" a byte of
@@ -108,7 +120,7 @@ using DbgGetPinVFn = int(int pin, double *volts);  // the pin by its connection
 using DbgPinVChangeFn = void(int pin, double volts, void *user);
 using DbgPinVChangeCallBackFn = int(int pin, DbgPinVChangeFn *fn, void *user);  // DbgAdd..., DbgRemove...
 using DbgGetClkFn = int(int64_t *cycles);
-using DbgSimLockFn = int();  // DbgSimLock, DbgSimUnlock: hold the target still; nest
+using DbgSimLockFn = int();  // DbgSimLock, DbgSimUnlock: hold the target between two instructions; nest
 
 // dbgpars.dll: each reads one text and calls `fn` for what it finds, with `user` as it stands. True when the whole text
 // was read.

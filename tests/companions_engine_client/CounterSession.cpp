@@ -58,6 +58,7 @@ public:
     bool Evaluate(const std::string &expression, int format, std::string &text, std::string &error) override {
         if (expression == "crash") kill(getpid(), SIGSEGV);
         if (expression == "exit") exit(0);
+        while (expression == "hang") pause();
         if (expression == "print") {
             puts("to the output");
             fflush(stdout);

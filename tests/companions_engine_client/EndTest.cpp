@@ -54,7 +54,7 @@ TEST(End, MayComeAtAnyTime) {
         EXPECT_EQ(debugger.Command("DbgDLLCleanup"), kDbgOk);
         EXPECT_EQ(debugger.Command("DbgDLLCleanup"), kDbgOk) << "again";
         EXPECT_TRUE(run.HasReturned());
-        EXPECT_EQ(debugger.Evaluate("count"), "!");
+        EXPECT_EQ(debugger.Evaluate("count").front(), '!');
     }
     {
         // From within a callback, while another thread is asking all the time.
@@ -67,6 +67,14 @@ TEST(End, MayComeAtAnyTime) {
         EXPECT_EQ(debugger.Command("DbgStepInto"), kDbgOk);
         EXPECT_TRUE(run.HasReturned());
         going = false;
+        asking.join();
+    }
+    {
+        // While a call is being made that never returns.
+        CDebugRun run(debugger);
+        std::thread asking([&] { EXPECT_EQ(debugger.Evaluate("hang"), "!The simulator doesn't answer."); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        EXPECT_EQ(debugger.Command("DbgDLLCleanup"), kDbgOk);
         asking.join();
     }
     // Its thread is never started, or too late.

@@ -36,6 +36,15 @@ void CloseIt(int &descriptor) {
     descriptor = -1;
 }
 
+// The file for the program's error output, which exists and can be written.
+const char *LogFile() {
+    const char *const log = getenv("THORNWELL_SIMHOST_LOG");
+    const int file = log && *log ? open(log, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644) : -1;
+    if (file < 0) return "/dev/null";
+    close(file);
+    return log;
+}
+
 // What posix_spawn is told.
 struct SpawnPlan {
     posix_spawn_file_actions_t actions;
@@ -50,15 +59,13 @@ struct SpawnPlan {
         posix_spawnattr_destroy(&attributes);
     }
     bool Make(int life, int memory) {
-        const char *log = getenv("THORNWELL_SIMHOST_LOG");
-        const bool logs = log && *log;
+        const char *const log = LogFile();
         sigset_t none, all;
         sigemptyset(&none);
         sigfillset(&all);
         return posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0) == 0 &&
                posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0) == 0 &&
-               posix_spawn_file_actions_addopen(&actions, 2, logs ? log : "/dev/null",
-                                                O_WRONLY | (logs ? O_CREAT | O_APPEND : 0), 0644) == 0 &&
+               posix_spawn_file_actions_addopen(&actions, 2, log, O_WRONLY | O_APPEND, 0) == 0 &&
                posix_spawn_file_actions_adddup2(&actions, life, kLifeDescriptor) == 0 &&
                posix_spawn_file_actions_adddup2(&actions, memory, kMemoryDescriptor) == 0 &&
                posix_spawn_file_actions_addclosefrom_np(&actions, kMemoryDescriptor + 1) == 0 &&
