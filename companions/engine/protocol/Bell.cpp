@@ -5,19 +5,37 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
 #include <ctime>
 
 namespace {
 
-// With one processor the other side can't answer while this one looks.
-int Looks() {
-    static const int looks = [] {
-        cpu_set_t set;
-        return sched_getaffinity(0, sizeof set, &set) == 0 && CPU_COUNT(&set) > 1 ? 2000 : 0;
-    }();
-    return looks;
-}
+constexpr int kMostLooks = 2000, kLeastLooks = 100;  // some microseconds for a hundred
+constexpr unsigned kTryMost = 64;
+
+// How often a thread looks before it sleeps. While both sides have a processor, the answer comes within some looks;
+// when others compete for it, each look only keeps the answer from coming. So the number follows what has helped of
+// late, and each kTryMost-th wait tries whether more would.
+class CPatience {
+public:
+    int Looks() { return !HasSeveral() ? 0 : ++waits_ % kTryMost == 0 ? kMostLooks : looks_; }
+    void Helped(int looks) { looks_ = std::clamp(2 * looks, looks_, kMostLooks); }
+    void WasInVain() { looks_ = std::max(looks_ / 2, kLeastLooks); }
+
+private:
+    // With one processor the other side can't answer while this one looks.
+    static bool HasSeveral() {
+        static const bool several = [] {
+            cpu_set_t set;
+            return sched_getaffinity(0, sizeof set, &set) == 0 && CPU_COUNT(&set) > 1;
+        }();
+        return several;
+    }
+
+    int looks_ = kLeastLooks;
+    unsigned waits_ = 0;
+};
 
 void Relax() {
 #if defined(__x86_64__) || defined(__i386__)
@@ -42,10 +60,13 @@ void CBell::Ring() {
 }
 
 void CBell::Wait(uint32_t seen, std::chrono::milliseconds limit) {
-    for (int looks = Looks(); looks > 0; --looks) {
-        if (count_.load(std::memory_order_acquire) != seen) return;
+    static thread_local CPatience patience;
+    const int looks = patience.Looks();
+    for (int look = 0; look < looks; ++look) {
+        if (count_.load(std::memory_order_acquire) != seen) return patience.Helped(look);
         Relax();
     }
+    patience.WasInVain();
     sleepers_.fetch_add(1);
     SleepAtWord(count_, seen, limit);
     sleepers_.fetch_sub(1);
