@@ -123,7 +123,7 @@ using DbgGetClkFn = int(int64_t *cycles);
 using DbgSimLockFn = int();  // DbgSimLock, DbgSimUnlock: hold the target between two instructions; nest
 
 // dbgpars.dll: each reads one text and calls `fn` for what it finds, with `user` as it stands. True when the whole text
-// was read.
+// was read; of a text that can't be read nothing is told.
 using DbgFrameFn = void(int address, void *user);
 using dbgFrameListFn = bool(const char *text, DbgFrameFn *fn, void *user);  // the innermost frame last
 using DbgProfileFn = void(const char *name, int64_t count, void *user);
@@ -135,6 +135,8 @@ using dbgBitNamesFn = bool(const char *text, DbgBitFn *fn, void *user);
 using DbgOpenFn = int(int parent, const char *name, const char *value, void *user);
 using DbgCloseFn = void(int row, void *user);  // all rows below it have been told
 using dbgSymbolValueFn = bool(const char *text, int parent, DbgOpenFn *open, DbgCloseFn *close, void *user);
+// A line that tells where a variable of a compiler lies: "name EQU 0x0020 ; bytes:2"; the size is 1 where it isn't told.
+// `address` is below 65535, `size` 1 to 255; false, with nothing written, for any other line.
 using dbgParseOrgStringFn = bool(const char *line, char *name, uint16_t *address, uint16_t *size);  // name: 256 bytes
 
 }  // extern "C"
