@@ -1,12 +1,9 @@
 // What a user sees of the two examples on the simulated chip.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdio>
-#include <functional>
 #include <sstream>
 
+#include "OwnProcess.h"
 #include "SimSession.h"
 #include "Toy.h"
 #include "debugger/EngineApi.h"
@@ -78,21 +75,6 @@ public:
 private:
     CScratchDirectory scratch_;
 };
-
-// There is one chip in the life of a process.
-void InOwnProcess(const std::function<void()> &test) {
-    fflush(stdout);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        test();
-        fflush(stdout);
-        _exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "its process tells why";
-}
 
 TEST(Blink, IsSteppedThrough) {
     InOwnProcess([] {
@@ -198,8 +180,9 @@ TEST(Session, RefusesAnotherChipsProgram) {
     InOwnProcess([] {
         CExample blink("blink", "PIC16F628A");
         CScratchDirectory other;
-        ASSERT_EQ(system(("cd '" + other.Native() + "' && printf ' list p=18f4520\\n code\\n nop\\n end\\n' >a.asm && gpasm -c "
-                          "a.asm >log && gplink -c -o a.hex a.o >log").c_str()), 0);
+        other.Write("a.asm", " list p=18f4520\n code\n nop\n end\n");
+        const std::string build = "gpasm -c a.asm >log && gplink -c -o a.hex a.o >log";
+        ASSERT_EQ(system(("cd '" + other.Native() + "' && " + build).c_str()), 0);
         std::string error;
         EXPECT_FALSE(blink.session->Load(other.Windows("a.cof"), error));
         EXPECT_NE(error.find("18F4520"), std::string::npos) << error;

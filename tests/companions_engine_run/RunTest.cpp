@@ -37,7 +37,8 @@ TEST(Breakpoints, StopByConditionAndCount) {
             run.control.TellInstructions(told);
             ASSERT_EQ(run.Break(5, 3), 5);
             std::string error;
-            ASSERT_TRUE(run.breakpoints.SetRule(5, {c.condition, c.conditionType, c.hitValue, c.hitType}, error)) << error;
+            const BreakpointRule rule = {c.condition, c.conditionType, c.hitValue, c.hitType};
+            ASSERT_TRUE(run.breakpoints.SetRule(5, rule, error)) << error;
             for (int value : c.stopsAt) {
                 EXPECT_EQ(run.Do(RunKind::run), kDbgStopped) << c.condition;
                 EXPECT_EQ(run.Line(), 3);
@@ -99,7 +100,8 @@ TEST(Watchpoints, StopBehindEachWriteUnderAnyName) {
 
 TEST(Names, StandForBytesLowestFirst) {
     ToyRun run(Counting());
-    run.map.symbols = {{"wide", {"wide", 10, false, 3}}, {"text", {"text", 20, false, 9}}, {"main", {"main", 0x123, true, 1}}};
+    run.map.symbols = {
+        {"wide", {"wide", 10, false, 3}}, {"text", {"text", 20, false, 9}}, {"main", {"main", 0x123, true, 1}}};
     EXPECT_TRUE(run.names.Set("wide", 0x1234567));
     EXPECT_EQ(run.chip.ReadRegister(10), 0x67);
     EXPECT_EQ(run.chip.ReadRegister(13), 0);

@@ -113,7 +113,12 @@ TEST(Steps, ShowABreakpointInWhatTheyPassOver) {
 
 TEST(Steps, SurviveAFunctionThatThrowsItsReturnAway) {
     for (bool told : {false, true}) {
-        ToyRun run({{1, Op::call, 2}, {2, Op::jump, 1}, {3, Op::call, 5}, {4, Op::nop}, {5, Op::back}, {6, Op::dropReturn},
+        ToyRun run({{1, Op::call, 2},
+                    {2, Op::jump, 1},
+                    {3, Op::call, 5},
+                    {4, Op::nop},
+                    {5, Op::back},
+                    {6, Op::dropReturn},
                     {7, Op::back}});
         run.control.TellInstructions(told);
         EXPECT_EQ(run.Do(stepInto), kDbgStopped);

@@ -12,7 +12,8 @@ void CBreakpoints::SetPassage(std::optional<uint32_t> address) {
     if (passage_) stops_[*passage_] = true;
 }
 
-std::optional<int> CBreakpoints::Set(int id, const std::string &file, int line, const std::vector<uint32_t> &addresses) {
+std::optional<int> CBreakpoints::Set(int id, const std::string &file, int line,
+                                     const std::vector<uint32_t> &addresses) {
     Entry entry;
     entry.file = file;
     entry.line = line;
