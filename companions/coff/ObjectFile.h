@@ -56,8 +56,8 @@ public:
     static CObjectFile FromBytes(std::string bytes);
 
     size_t Size() const { return bytes_ ? bytes_->size() : 0; }  // of the file
-    bool IsObject() const { return isObject_; }  // of this kind at all
-    bool IsWhole() const { return isWhole_; }    // not cut short
+    bool IsObject() const { return isObject_; }                  // of this kind at all
+    bool IsWhole() const { return isWhole_; }                    // not cut short
     bool IsLinked() const { return isLinked_; }
     uint32_t ProcessorNumber() const { return processor_; }  // see Processors.h
 
