@@ -11,8 +11,8 @@
 
 namespace fs = std::filesystem;
 
-CDebugger::CDebugger() {
-    setenv("THORNWELL_PROGRAM_DIR", COUNTER_DIR, 1);
+CDebugger::CDebugger(const char *programDirectory) {
+    setenv("THORNWELL_PROGRAM_DIR", programDirectory, 1);
     library_ = CSharedLibrary(FromNativePath(DEBUGGER_FILE));
     EXPECT_TRUE(library_.IsLoaded()) << library_.Error();
 }
@@ -29,9 +29,10 @@ int64_t CDebugger::Clk() const {
     return cycles;
 }
 
-CDebugRun::CDebugRun(const CDebugger &debugger, bool reset) : debugger_(debugger) {
+CDebugRun::CDebugRun(const CDebugger &debugger, bool reset, const std::string &chip, const std::string &image)
+    : debugger_(debugger) {
     void *proc = nullptr, *param = nullptr;
-    EXPECT_EQ(debugger.Call<DbgDLLInitFn>("DbgDLLInit", &proc, &param, "COUNTER", &OnExecution, nullptr), kDbgOk);
+    EXPECT_EQ(debugger.Call<DbgDLLInitFn>("DbgDLLInit", &proc, &param, chip.c_str(), &OnExecution, nullptr), kDbgOk);
     EXPECT_NE(proc, nullptr);
     if (!proc) return;
     thread_ = std::thread([this, proc, param] {
@@ -42,7 +43,7 @@ CDebugRun::CDebugRun(const CDebugger &debugger, bool reset) : debugger_(debugger
     });
     EXPECT_EQ(debugger.Call<DbgSetExecutionChangeCallbackFn>("DbgSetExecutionChangeCallback", &OnExecution, this),
               kDbgOk);
-    EXPECT_EQ(debugger.Call<DbgLoadFileFn>("DbgLoadFile", "counter.cof"), kDbgOk);
+    EXPECT_EQ(debugger.Call<DbgLoadFileFn>("DbgLoadFile", image.c_str()), kDbgOk);
     if (reset) {
         EXPECT_EQ(Do("DbgReset").reason, kDbgAfterReset);
     }

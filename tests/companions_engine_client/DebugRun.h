@@ -17,7 +17,7 @@
 // The module, loaded for a test and freed behind it.
 class CDebugger {
 public:
-    CDebugger();
+    explicit CDebugger(const char *programDirectory = COUNTER_DIR);
 
     template <typename Fn, typename... Arguments>
     int Call(const char *name, Arguments... arguments) const {
@@ -41,7 +41,8 @@ struct Stop {
 // One run with its engine's thread; ended with the object.
 class CDebugRun {
 public:
-    explicit CDebugRun(const CDebugger &debugger, bool reset = true);
+    explicit CDebugRun(const CDebugger &debugger, bool reset = true, const std::string &chip = "COUNTER",
+                       const std::string &image = "counter.cof");
     ~CDebugRun();
 
     Stop AwaitStop();  // the next one not yet awaited; reason 0 when none comes within ten seconds
@@ -62,6 +63,14 @@ private:
     size_t awaited_ = 0;
     bool returned_ = false;
     std::thread thread_;
+};
+
+// Expects that nothing is written to the standard output while it lives; shows what was.
+class CSilence {
+public:
+    CSilence() { testing::internal::CaptureStdout(); }
+    ~CSilence() { EXPECT_EQ(testing::internal::GetCapturedStdout(), ""); }
+    CSilence(const CSilence &) = delete;
 };
 
 // What this process has: open descriptors, threads, children, mappings of a run's memory.
