@@ -77,6 +77,11 @@ using DbgPerformanceProfileFn = int(int on);
 //
 // DbgStepBack takes back the last of the others, a reset too, up to 100 times; it is refused where there is nothing to
 // take back. Breakpoints, watchpoints, connections and change callbacks stay as they are.
+//
+// A step by source line ends at the first address of another line's code, or of a line at another depth of the stack; a
+// line that loops is run through, a jump to itself ends the step. Code without source is stepped over, or by
+// instruction where the step begins in it. Interrupts are passed over, but by DbgStepIntoInstr; breakpoints and watchpoints stop in
+// all that is passed over. DbgStepOut stops behind the return and is refused with an empty stack.
 using DbgCommandFn = int();
 
 // `expression` is a name or an expression of C over names: symbols of the image, "$NAME" a register, "$%d" a byte of
@@ -98,14 +103,23 @@ using DbgEepromValFn = int(int address, int count, uint8_t *bytes);  // DbgGetEe
 
 using DbgPosToAddrFn = int(const char *file, int line, int *address, int *codeLine);  // the first line from `line` on
 using DbgAddrToPosFn = int(int address, char *file, int size, int *line);
-using DbgGetListFn = int(char *buffer, int size);  // DbgGetFrameList, DbgGetProfileList
+// DbgGetFrameList, DbgGetProfileList. The profile counts instruction cycles by function; it begins with the first such
+// call of a run, which makes the target slower from then on, and anew with each reset.
+using DbgGetListFn = int(char *buffer, int size);
 
 using DbgSetBreakpointByLineFn = int(const char *file, int line, int *id);  // one that is there already gives its id
 using DbgDeleteBreakpointFn = int(int id);
+
+// Refused when the condition doesn't read or names what is neither in the image nor in the chip. A hit is an arrival at
+// which the condition holds: is not 0, or has another value than at the arrival before (at first, than now). A
+// condition without a value, as by a division by zero, stops and tells why as kDbgText. A multiple of 0 is each hit.
 using DbgSetBreakpointConditionsFn = int(int id, const char *condition, int conditionType, int hitValue, int hitType);
 using DbgGetBreakpointHitCountFn = int(int id, int *count);
 using DbgResetBreakpointHitCountFn = int(int id);
-using DbgSetWatchpointFn = int(const char *name, int *id);  // stops behind each write
+
+// `name`: "$NAME", "$%d" or a symbol of data memory with all its bytes; one on the same bytes that is there already
+// gives its id. Stops behind each instruction that writes there, also when the value stays.
+using DbgSetWatchpointFn = int(const char *name, int *id);
 using DbgDeleteWatchpointFn = int(int id);
 
 // For plug-ins. A pin is named ("RB0", "portb0"); a connection is one side's wire to it, with a voltage behind a

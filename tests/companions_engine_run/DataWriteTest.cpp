@@ -83,7 +83,8 @@ const Case kCases[] = {
 void ComparesWrites(const Case &c) {
     CScratchDirectory scratch;
     const std::string chipName = c.chip;
-    scratch.Write("a.asm", " include \"p" + chipName + ".inc\"\n radix dec\nstart code 0\n" + c.lines + " goto $\n end\n");
+    const std::string begin = " include \"p" + chipName + ".inc\"\n radix dec\nstart code 0\n";
+    scratch.Write("a.asm", begin + c.lines + " goto $\n end\n");
     const std::string build = "gpasm -c -p " + chipName + " a.asm >log 2>&1 && gplink -c -o a.hex a.o >>log";
     ASSERT_EQ(system(("cd '" + scratch.Native() + "' && " + build).c_str()), 0) << scratch.Read("log");
     std::string error;

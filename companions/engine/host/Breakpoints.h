@@ -28,8 +28,8 @@ public:
     // One more address to look closer at, or none; a step's own.
     void SetPassage(std::optional<uint32_t> address);
 
-    // The breakpoint at this line's code that is there already, else a new one with this `id`. Nothing when no address is
-    // within the chip's memory.
+    // The breakpoint at this line's code that is there already, else a new one with this `id`. Nothing when no address
+    // is within the chip's memory.
     std::optional<int> Set(int id, const std::string &file, int line, const std::vector<uint32_t> &addresses);
     bool Delete(int id);
     void Clear();
@@ -39,8 +39,8 @@ public:
     std::optional<int> HitCount(int id) const;
     bool ResetHitCount(int id);
 
-    // The program counter has come to `address`: counts, and says whether to stop. Where a condition had no value it does
-    // stop, and `words` tell the user.
+    // The program counter has come to `address`: counts, and says whether to stop. Where a condition had no value it
+    // does stop, and `words` tell the user.
     bool Arrive(uint32_t address, std::string &words);
 
     struct Entry {

@@ -1,5 +1,5 @@
-// What a run needs of a chip; CSimChip tells what a call of the same name promises. Implemented over the simulated chip,
-// and by a little one in the tests.
+// What a run needs of a chip; CSimChip tells what a call of the same name promises. Implemented over the simulated
+// chip, and by a little one in the tests.
 #pragma once
 
 #include <cstdint>
