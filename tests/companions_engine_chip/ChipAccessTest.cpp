@@ -1,7 +1,11 @@
 // What is seen and changed of a chip from outside.
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdio>
 
 #include "Programs.h"
 
@@ -16,6 +20,36 @@ TEST(CSimChip, IsCreatedByAnySpellingOfItsName) {
         EXPECT_TRUE(std::binary_search(types.begin(), types.end(), known)) << known;
     EXPECT_TRUE(CSimChip::Create("16f628A", error)) << error;
     EXPECT_FALSE(CSimChip::Create("PIC16F84", error));  // one in the life of a process
+}
+
+// Each in a process of its own, which tells by its exit code where it failed.
+TEST(CSimChip, MakesEveryTypeItLists) {
+    const auto types = CSimChip::Types();
+    EXPECT_GT(types.size(), 100u);
+    for (const std::string &type : types) {
+        std::fflush(nullptr);
+        const pid_t child = fork();
+        if (child == 0) {
+            std::string error;
+            const auto chip = CSimChip::Create(type, error);
+            if (!chip) _exit(1);
+            if (!chip->Load({{{0, 0}, {2, 0}, {4, 0}}, {}, {}}, error)) _exit(2);
+            chip->PowerOnReset();
+            if (chip->Step() != ChipState::running || chip->Cycles() != 1) _exit(3);
+            for (uint32_t address = 0; address < chip->DataSize(); ++address) {
+                if (chip->HasRegister(address) != chip->ReadRegister(address).has_value()) _exit(4);
+                if (chip->WriteRegister(address, 0) != chip->HasRegister(address)) _exit(5);
+            }
+            for (uint32_t address = 0; address < chip->EepromSize(); ++address)
+                if (!chip->WriteEeprom(address, 0xa5) || chip->ReadEeprom(address) != 0xa5) _exit(6);
+            chip->RunTo({}, 100);
+            chip->PowerOnReset();
+            _exit(chip->Cycles() == 0 ? 0 : 7);
+        }
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0) << type;
+    }
 }
 
 TEST(CSimChip, RefusesWhatItHasNoPlaceFor) {

@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr uint16_t kErasedBaseline = 0xfff;
 constexpr uint32_t kIdBegin18 = 0x200000, kIdEnd18 = 0x200008;
 
 std::string HexText(uint32_t value) {
@@ -34,6 +35,7 @@ std::vector<std::string> CSimChip::Types() {
         for (const char *known : maker->names) {
             if (!known || !std::string(known).starts_with("pic1")) continue;
             std::string type = known;
+            if (type == "pic16cr83" || type == "pic16cr84") continue;  // listed by the library, but never made
             std::transform(type.begin(), type.end(), type.begin(), [](unsigned char c) { return std::toupper(c); });
             types.push_back(std::move(type));
         }
@@ -60,6 +62,9 @@ std::unique_ptr<CSimChip> CSimChip::Create(const std::string &type, std::string 
         return nullptr;
     }
     GoOnAtMissingRegisters();
+    // PIC10F204 would start beyond its memory.
+    if (cpu->pc->get_reset_address() >= cpu->program_memory_size())
+        cpu->pc->set_reset_address(cpu->program_memory_size() - 1);
     auto impl = std::make_unique<Impl>(*cpu, dynamic_cast<_16bit_processor *>(cpu) != nullptr);
     std::unique_ptr<CSimChip> chip(new CSimChip(std::move(impl)));
     chip->PowerOnReset();
@@ -95,6 +100,9 @@ bool CSimChip::Load(const ChipProgram &program, std::string &error) try {
         cpu.program_memory[index] = &cpu.bad_instruction;
     for (const ChipProgram::Word &word : program.code)
         static_cast<Processor &>(cpu).init_program_memory(word.address, word.value);
+    // Baseline chips start at their last word, which isn't the program's: a constant from the factory, then address 0.
+    if (const unsigned int start = cpu.pc->get_reset_address(); start > 0 && impl_->IsEmpty(start))
+        static_cast<Processor &>(cpu).init_program_memory(start, kErasedBaseline);
     for (const ChipProgram::Word &byte : program.eeprom) cpu.eeprom->change_rom(byte.address, byte.value & 0xff);
 
     if (!impl_->isPic18) {
