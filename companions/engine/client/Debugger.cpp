@@ -1,6 +1,8 @@
 // The exports of debugger.dll that begin, steer and end a run.
+#include <cstddef>
 #include <cstdint>
 #include <mutex>
+#include <new>
 #include <utility>
 
 #include "CurrentRun.h"
@@ -17,8 +19,10 @@ struct Current {
     std::string error;  // why the last run could not begin or its image not be loaded
 };
 
+// Never destroyed: the debugger's own objects may call DbgDLLCleanup when the process ends.
 Current &TheCurrent() {
-    static Current current;
+    alignas(Current) static std::byte room[sizeof(Current)];
+    static Current &current = *new (room) Current;
     return current;
 }
 
