@@ -110,6 +110,21 @@ TEST(BadProgram, SleepsForEver) {
     EXPECT_EQ(chip->Step(), ChipState::asleep);
 }
 
+TEST(BadProgram, StopsBehindASleepOnlyWhenAwake) {
+    const auto chip = MakeChipOf(
+        "PIC16F84",
+        "  __config _WDT_ON & _XT_OSC\n  org 0\n  bsf STATUS, RP0\n  clrf OPTION_REG\n  sleep\n  nop\n  goto 2");
+    ASSERT_TRUE(chip);
+    std::vector<bool> stops(4);
+    stops[3] = true;
+    EXPECT_EQ(chip->RunTo(stops, 100), ChipState::asleep);
+    EXPECT_TRUE(chip->SomethingIsDue());
+    EXPECT_EQ(chip->RunTo(stops, 10000000), ChipState::running);
+    EXPECT_EQ(chip->ProgramCounter(), 3u);
+    EXPECT_GT(chip->Cycles(), 1000u);
+    EXPECT_EQ(chip->Resets(), 0u);
+}
+
 TEST(BadProgram, ResetsInALoop) {
     const auto chip = MakeChipOf("PIC18F452", "  config WDT = OFF\n  org 0\n  nop\n  reset");
     ASSERT_TRUE(chip);

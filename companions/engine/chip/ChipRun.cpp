@@ -73,7 +73,9 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
         if (const unsigned int flags = *stackFlags & kStackFlags; flags != seenStackFlags) [[unlikely]]
             LookAtStack(flags, state);
         if (state != ChipState::running) return state;
-        if (const size_t address = static_cast<size_t>(pc.value) << shift; address < stopsEnd && (*stops)[address])
+        // Asleep, the program counter is at the next instruction already.
+        if (const size_t address = static_cast<size_t>(pc.value) << shift;
+            address < stopsEnd && (*stops)[address] && phase == execute)
             break;
     }
     return cpu.mCurrentPhase == idle ? ChipState::asleep : state;
@@ -102,12 +104,15 @@ void CSimChip::Reset() {
     impl_->AfterReset();
 }
 
-ChipState CSimChip::Step() {
-    return impl_->Run(nullptr, 1);
+// The library throws where it finds itself at odds; such a chip goes no further.
+ChipState CSimChip::Step() try { return impl_->Run(nullptr, 1); } catch (...) {
+    return ChipState::offProgram;
 }
 
-ChipState CSimChip::RunTo(const std::vector<bool> &stops, uint64_t most) {
+ChipState CSimChip::RunTo(const std::vector<bool> &stops, uint64_t most) try {
     return impl_->Run(&stops, most);
+} catch (...) {
+    return ChipState::offProgram;
 }
 
 bool CSimChip::SomethingIsDue() const {
