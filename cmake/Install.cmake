@@ -3,7 +3,7 @@ set(program_dir lib/thornwell-ide)
 install(TARGETS thornwell-ide DESTINATION ${program_dir})
 install(DIRECTORY "${THORNWELL_PROGRAM_DIR}/" DESTINATION ${program_dir} USE_SOURCE_PERMISSIONS
     FILES_MATCHING PATTERN "*.dll" PATTERN "pspawn.exe" PATTERN "twmake.exe" PATTERN "asmtool.exe"
-    PATTERN "ctags.exe")
+    PATTERN "ctags.exe" PATTERN "simhost.exe")
 install(DIRECTORY resources/boiler.plates DESTINATION ${program_dir})
 install(FILES "${THORNWELL_PROGRAM_DIR}/UserManual.pdf" "${THORNWELL_PROGRAM_DIR}/plugin_system.html"
     DESTINATION ${program_dir})

@@ -3,7 +3,7 @@
 #include "ScratchProject.h"
 #include "asmtool/DependencyFile.h"
 #include "asmtool/MessageRewriter.h"
-#include "asmtool/ObjectFile.h"
+#include "coff/ObjectFile.h"
 #include "platform/NativePath.h"
 
 TEST(MessageRewriter, WritesEachKindSoThatItsPlaceIsRead) {

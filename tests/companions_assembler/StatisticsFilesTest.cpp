@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "asmtool/FunctionSplit.h"
+#include "coff/FunctionSplit.h"
 #include "asmtool/StatisticsFiles.h"
 #include "navigation/CallTreeFile.h"
 #include "navigation/FunctionStats.h"

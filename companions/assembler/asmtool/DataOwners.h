@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "FunctionSplit.h"
+#include "coff/FunctionSplit.h"
 #include "LinkReferences.h"
 
 // Bytes of data memory by function: those under labels that this function alone refers to. What several functions

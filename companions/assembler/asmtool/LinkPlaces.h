@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ObjectFile.h"
+#include "coff/ObjectFile.h"
 
 // `objects`: the objects on the linker's command line, native names relative to the current directory. The main place
 // comes first; a duplicate symbol has two. Empty for a message about nothing in the sources.

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "LinkedImage.h"
+#include "coff/LinkedImage.h"
 
 enum class Relocation : uint16_t {
     call = 1,

@@ -4,8 +4,8 @@
 #include <unordered_set>
 
 #include "DataOwners.h"
-#include "FunctionSplit.h"
-#include "InstructionSet.h"
+#include "coff/FunctionSplit.h"
+#include "coff/InstructionSet.h"
 #include "LinkReferences.h"
 #include "SourceTexts.h"
 #include "platform/NativePath.h"
@@ -17,7 +17,7 @@ constexpr uint32_t kPageSelectSize = 2;  // words that choose a page before a ju
 class CCollector {
 public:
     CCollector(const std::string &image, const std::vector<std::string> &files, uint32_t programSize)
-        : image_(FromNativePath(image), programSize), references_(ReadReferences(image_, files)) {
+        : image_(CObjectFile(FromNativePath(image)), programSize), references_(ReadReferences(image_, files)) {
         uint32_t end = programSize;
         if (end == 0 && !image_.Program().empty()) end = image_.Program().back().end;
         hasPages_ = PageSize(image_.Bits()) != 0 && end > PageSize(image_.Bits());

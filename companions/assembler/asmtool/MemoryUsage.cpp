@@ -1,6 +1,6 @@
 #include "MemoryUsage.h"
 
-#include "LinkedImage.h"
+#include "coff/LinkedImage.h"
 #include "platform/NativePath.h"
 
 namespace {

@@ -1,0 +1,85 @@
+#include "chip/ChipLibrary.h"
+
+#include <14bit-processors.h>
+#include <interface.h>
+#include <sim_context.h>
+
+#include <algorithm>
+#include <cctype>
+#include <typeinfo>
+
+CRingStack::CRingStack(Processor *cpu, const Stack &former) : Stack(cpu) {
+    stack_mask = former.stack_mask;
+    STVREN = former.STVREN;
+}
+
+bool CRingStack::push(unsigned int address) {
+    if (depth_ > stack_mask)
+        flags |= kStackOverflow;
+    else
+        ++depth_;
+    contents[pointer] = address;
+    pointer = (pointer + 1) & stack_mask;
+    return true;
+}
+
+unsigned int CRingStack::pop() {
+    if (depth_ == 0)
+        flags |= kStackUnderflow;
+    else
+        --depth_;
+    pointer = (pointer - 1) & stack_mask;
+    return contents[pointer];
+}
+
+void CRingStack::reset(RESET_TYPE) {
+    pointer = 0;
+    depth_ = flags = 0;
+}
+
+std::vector<uint32_t> CRingStack::Entries() const {
+    std::vector<uint32_t> entries;
+    for (unsigned int back = depth_; back > 0; --back) entries.push_back(contents[(pointer - back) & stack_mask]);
+    return entries;
+}
+
+void StartLibrary() {
+    static const bool started = [] {
+        initialize_gpsim_core();
+        initialization_is_complete();
+        return true;
+    }();
+    (void)started;
+}
+
+ProcessorConstructor *FindMaker(const std::string &type) {
+    StartLibrary();
+    std::string name = type;
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::tolower(c); });
+    for (const char *prefix : {"pic", "p"})
+        if (name.starts_with(prefix)) {
+            name.erase(0, std::string(prefix).size());
+            break;
+        }
+    if (name.empty() || !std::isdigit(static_cast<unsigned char>(name[0]))) return nullptr;
+    for (ProcessorConstructor *maker : *ProcessorConstructor::GetList())
+        for (const char *known : maker->names)
+            if (known && ("pic" + name == known || "p" + name == known)) return maker;
+    return nullptr;
+}
+
+CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
+    : cpu(chip), isPic18(pic18), resetListener(*new CResetListener) {  // the library deletes it when it is removed
+    gi.add_interface(&resetListener);
+    cpu.setBreakOnReset(true);
+    if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {
+        stackFlags = &stack18->stkptr.value.data;
+    } else if (dynamic_cast<Stack14E *>(cpu.stack)) {
+        stackFlags = &static_cast<_14bit_e_processor &>(cpu).pcon.value.data;
+    } else {
+        ring = new CRingStack(&cpu, *cpu.stack);
+        delete cpu.stack;
+        cpu.stack = ring;  // the library deletes it with the chip
+        stackFlags = &ring->flags;
+    }
+}

@@ -1,0 +1,72 @@
+// The simulator library's side of a chip. Known to the chip's own sources only: the library's headers define macros and
+// global names of every kind.
+#pragma once
+
+#include <gpsim_classes.h>
+
+#include <16bit-processors.h>
+#include <eeprom.h>
+#include <gpsim_interface.h>
+#include <gpsim_time.h>
+#include <pic-processor.h>
+
+#include <string>
+#include <vector>
+
+#include "chip/SimChip.h"
+
+// Hears of each reset: the library tells its interfaces when it stops, and with "break on reset" it believes it does.
+class CResetListener : public Interface {
+public:
+    void SimulationHasStopped(gpointer) override { heard = true; }
+    bool heard = false;
+};
+
+// The stack of mid-range chips. The library's own neither wraps nor tells: at the ninth call it leaves the call out
+// and stays where it is for ever; a return too many goes to address 0. The real one is a ring.
+class CRingStack : public Stack {
+public:
+    CRingStack(Processor *cpu, const Stack &former);
+    bool push(unsigned int address) override;
+    unsigned int pop() override;
+    void reset(RESET_TYPE) override;
+    std::vector<uint32_t> Entries() const;
+
+    unsigned int flags = 0;  // of StackFlag
+
+private:
+    unsigned int depth_ = 0;  // entries that hold a return address
+};
+
+// Where the enhanced chips and PIC18 note it too: in PCON and STKPTR.
+enum StackFlag : unsigned int { kStackUnderflow = 0x40, kStackOverflow = 0x80, kStackFlags = 0xc0 };
+
+// Brings the library up, once in a process.
+void StartLibrary();
+
+// The library's maker for a chip's name, in any of the usual spellings; null for none.
+ProcessorConstructor *FindMaker(const std::string &type);
+
+struct CSimChip::Impl {
+    Impl(pic_processor &chip, bool isPic18);
+
+    uint32_t ToIndex(uint32_t address) const { return isPic18 ? address / 2 : address; }
+    uint32_t ToAddress(uint32_t index) const { return isPic18 ? index * 2 : index; }
+    bool IsEmpty(uint32_t index) const { return cpu.program_memory[index] == &cpu.bad_instruction; }
+    Register *RegisterAt(uint32_t address) const;  // null where the chip has none
+
+    ChipState Run(const std::vector<bool> *stops, uint64_t most);
+    void AfterReset();
+    void LookAtHalt(unsigned int formerIndex, ChipState &state);
+    void LookAtStack(unsigned int flags, ChipState &state);
+    bool SomethingDue() const { return get_cycles().active.next != nullptr; }
+
+    pic_processor &cpu;  // the library's; lives as long as the process
+    const bool isPic18;
+    CResetListener &resetListener;
+    CRingStack *ring = nullptr;                // null: the chip has another kind of stack
+    const unsigned int *stackFlags = nullptr;  // of StackFlag
+    unsigned int seenStackFlags = 0;
+    uint64_t resets = 0;
+    uint64_t firstCycle = 0;  // the library's count at the power-on reset; it never goes back
+};

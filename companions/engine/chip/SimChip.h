@@ -1,0 +1,87 @@
+// One simulated chip: its memories, its registers and its clock, an instruction at a time.
+//
+// The simulator library behind it keeps its state in the process as a whole: there is one chip in the life of a
+// process. Not for two threads at once. The library writes notes of its own to the standard output (a reset, a jump out
+// of memory, a register that isn't there): whoever needs that stream gives the process another one.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+// What a program is made of, in the chip's own addresses: words, on PIC18 bytes.
+struct ChipProgram {
+    struct Word {
+        uint32_t address;
+        uint16_t value;
+    };
+    std::vector<Word> code;    // PIC18: one for each two bytes, at even addresses
+    std::vector<Word> config;  // configuration words (PIC18: bytes) and identification
+    std::vector<Word> eeprom;  // bytes; addresses from 0
+};
+
+// offProgram: the next instruction lies in memory that nothing was put into, or the last one was a jump out of all
+// memory; the chip stands there until a reset. The two of the stack come when it happens, on chips that keep a flag of
+// it again only when the flag has been cleared meanwhile; the chip goes on as the real one does.
+enum class ChipState { running, asleep, offProgram, stackOverflow, stackUnderflow };
+
+class CSimChip {
+public:
+    static std::vector<std::string> Types();  // of all chips that can be created: "PIC16F628A"..., sorted
+
+    // Null, with the reason in `error`, for a chip that the simulator hasn't got. `type`: "PIC16F628A", "16f628a"...
+    static std::unique_ptr<CSimChip> Create(const std::string &type, std::string &error);
+    ~CSimChip();
+
+    // Replaces the whole program memory. False, with nothing changed, for code or EEPROM data that the chip has no
+    // place for; configuration that it hasn't got is passed over. PowerOnReset is due behind it.
+    bool Load(const ChipProgram &program, std::string &error);
+    void PowerOnReset();
+    void Reset();  // as by the pin
+
+    // One instruction, with all that happens in its cycles; when an interrupt comes in them, its entry too, so that the
+    // program counter always tells the instruction of the next call. Asleep: one cycle.
+    ChipState Step();
+
+    // At least one instruction, then until the program counter is at an address that `stops` has set (indexed by the
+    // chip's own addresses; it may be shorter than the memory), at most `most` in all; cycles of sleep count as well.
+    // Ends with any state other than running, but asleep only when nothing inside the chip is due to happen, or at
+    // `most`.
+    ChipState RunTo(const std::vector<bool> &stops, uint64_t most);
+
+    // Whether anything is due inside the chip: a watchdog, a timer. False while asleep: only a pin can wake it.
+    bool SomethingIsDue() const;
+
+    // How often the chip has been reset since power-on by its program or its watchdog.
+    uint64_t Resets() const;
+
+    bool IsPic18() const;
+    uint32_t ProgramSize() const;  // in the chip's addresses
+    uint32_t DataSize() const;     // of data memory, bytes
+    uint32_t EepromSize() const;   // bytes
+
+    uint32_t ProgramCounter() const;
+    bool SetProgramCounter(uint32_t address);  // false: outside of program memory
+    uint64_t Cycles() const;                   // instruction cycles since the power-on reset
+    uint8_t W() const;
+    void SetW(uint8_t value);
+    uint32_t WordAt(uint32_t address) const;  // of program memory; all bits set where it is empty or there is none
+
+    bool HasRegister(uint32_t address) const;
+    std::string RegisterName(
+        uint32_t address) const;  // upper case, as the chip's header has it; empty for plain memory
+    std::optional<uint8_t> ReadRegister(uint32_t address) const;  // without the effects that a read has for the chip
+    bool WriteRegister(uint32_t address, uint8_t value);          // as the chip itself would; PCL: a jump of no cycles
+    std::optional<uint8_t> ReadEeprom(uint32_t address) const;
+    bool WriteEeprom(uint32_t address, uint8_t value);
+
+    // Return addresses, the innermost last; behind an overflow of a mid-range chip those that are left of them.
+    std::vector<uint32_t> Stack() const;
+
+private:
+    struct Impl;
+    explicit CSimChip(std::unique_ptr<Impl> impl);
+    std::unique_ptr<Impl> impl_;
+};

@@ -1,0 +1,140 @@
+#include "RunControl.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "debugger/EngineApi.h"
+
+namespace {
+
+// About a millisecond each: one by one an instruction takes several times as long as in a free run.
+constexpr int64_t kSliceOneByOne = 5'000;
+constexpr int64_t kSliceFree = 40'000;
+
+}  // namespace
+
+CRunControl::CRunControl(IChip &chip, const IProgramMap &map, CBreakpoints &breakpoints, CWatchpoints &watchpoints)
+    : chip_(chip), breakpoints_(breakpoints), watchpoints_(watchpoints), plan_(chip, map, breakpoints) {}
+
+bool CRunControl::Start(RunKind kind) {
+    if (!plan_.Begin(kind)) return false;
+    stopWished_ = false;
+    watchpoints_.TakeWritten();  // what the user wrote himself
+    return true;
+}
+
+bool CRunControl::TellChanges(uint32_t address, bool on) {
+    if (!on) return told_.erase(address) > 0;
+    auto value = chip_.ReadRegister(address);
+    if (value) told_.emplace(address, *value);
+    return value.has_value();
+}
+
+std::vector<int> CRunControl::ToldChanges() const {
+    std::vector<int> addresses;
+    for (const auto &[address, value] : told_) addresses.push_back(static_cast<int>(address));
+    return addresses;
+}
+
+void CRunControl::TellChanges(CSessionEvents &events) {
+    // An event may add or remove one.
+    std::vector<std::pair<uint32_t, uint8_t>> changes;
+    for (auto &[address, last] : told_) {
+        uint8_t now = chip_.ReadRegister(address).value_or(last);
+        if (now == last) continue;
+        last = now;
+        changes.emplace_back(address, now);
+    }
+    for (const auto &[address, value] : changes) events.RegisterChanged(static_cast<int>(address), value);
+}
+
+void CRunControl::WasReset() {
+    plan_.Abandon();
+    asleep_ = toldSleep_ = stopWished_ = false;
+    resetAt_ = chip_.Cycles();
+}
+
+CSession::SliceEnd CRunControl::Slice(CSessionEvents &events) {
+    int64_t budget = kSliceFree;
+    while (budget > 0) {
+        if (stopWished_) return Ended(kDbgStopped);
+        End end;
+        if (asleep_ && !chip_.SomethingIsDue()) {
+            // Only the world outside can wake it: no need to keep the processor busy with that.
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            budget = 1;
+        }
+        if (NeedsEach()) {
+            end = OneInstruction(events);
+            budget -= kSliceFree / kSliceOneByOne;
+        } else {
+            end = Rush(events, budget);
+        }
+        if (end) return *end;
+    }
+    if (!asleep_ && plan_.Passed(true)) return Ended(kDbgStopped);
+    return {};
+}
+
+CRunControl::End CRunControl::OneInstruction(CSessionEvents &events) {
+    const uint32_t from = chip_.ProgramCounter();
+    const uint64_t before = chip_.Cycles();
+    const bool stepping = plan_.WantsEach(), slept = asleep_;
+    if (stepping) plan_.Before();
+    ChipState state = chip_.Step();
+    bool written = watchpoints_.Any() && watchpoints_.TakeWritten();
+    if (profile_) profile_->Add(from, chip_.Cycles() - before);
+    if (tell_) events.InstructionDone(static_cast<int>(from), static_cast<int64_t>(Cycles()));
+    if (!told_.empty()) TellChanges(events);
+    if (End end = Judge(state, events)) return end;
+    if (asleep_) return std::nullopt;  // it comes to the next instruction when it wakes
+    if (StopsAt(chip_.ProgramCounter(), events) || written) return Ended(kDbgStopped);
+    // A step that an event has just begun or ended doesn't judge an instruction that it hasn't seen.
+    if (stepping != plan_.WantsEach()) return std::nullopt;
+    if (stepping ? plan_.After(slept) : plan_.Passed(false)) return Ended(kDbgStopped);
+    return std::nullopt;
+}
+
+CRunControl::End CRunControl::Rush(CSessionEvents &events, int64_t &budget) {
+    const uint64_t before = chip_.Cycles();
+    ChipState state = chip_.RunTo(breakpoints_.Stops(), static_cast<uint64_t>(budget));
+    budget -= std::max<int64_t>(1, static_cast<int64_t>(chip_.Cycles() - before));
+    if (End end = Judge(state, events)) return end;
+    if (asleep_) return std::nullopt;
+    if (StopsAt(chip_.ProgramCounter(), events) || plan_.Passed(budget <= 0)) return Ended(kDbgStopped);
+    return std::nullopt;
+}
+
+// What the chip itself ends, or tells, by its state behind an instruction.
+CRunControl::End CRunControl::Judge(ChipState state, CSessionEvents &events) {
+    switch (state) {
+        case ChipState::running: asleep_ = toldSleep_ = false; return std::nullopt;
+        case ChipState::asleep:
+            asleep_ = true;
+            if (chip_.SomethingIsDue()) return std::nullopt;
+            if (!toldSleep_) events.Tell(kDbgNoteSleep, {});
+            toldSleep_ = true;
+            if (plan_.IsStep()) return Ended(kDbgStopped);  // it would never end
+            return std::nullopt;
+        case ChipState::offProgram: return Ended(kDbgBadMemory);
+        case ChipState::stackOverflow:
+        case ChipState::stackUnderflow: events.Tell(kDbgNoteStack, {}); return Ended(kDbgStopped);
+    }
+    return std::nullopt;
+}
+
+bool CRunControl::StopsAt(uint32_t address, CSessionEvents &events) {
+    const std::vector<bool> &stops = breakpoints_.Stops();
+    if (address >= stops.size() || !stops[address]) return false;
+    std::string words;
+    bool stop = breakpoints_.Arrive(address, words);
+    if (!words.empty()) events.Tell(kDbgText, words);
+    return stop;
+}
+
+CSession::SliceEnd CRunControl::Ended(int reason) {
+    plan_.Abandon();
+    stopWished_ = false;
+    return {true, reason};
+}

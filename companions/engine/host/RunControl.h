@@ -1,0 +1,58 @@
+// Lets the chip run in slices, as a run command wants it, and stops it where it has to stop.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "Breakpoints.h"
+#include "Chip.h"
+#include "CycleProfile.h"
+#include "Session.h"
+#include "StepPlan.h"
+#include "Watchpoints.h"
+
+class CRunControl {
+public:
+    // All must outlive this.
+    CRunControl(IChip &chip, const IProgramMap &map, CBreakpoints &breakpoints, CWatchpoints &watchpoints);
+
+    bool Start(RunKind kind);
+    CSession::SliceEnd Slice(CSessionEvents &events);  // see CSession
+    void Stop() { stopWished_ = true; }
+
+    void TellInstructions(bool on) { tell_ = on; }
+    void CountInto(CCycleProfile *profile) { profile_ = profile; }  // null: no profile
+
+    bool TellChanges(uint32_t address, bool on);  // of a byte of data memory; false: there is none
+    std::vector<int> ToldChanges() const;         // their addresses
+
+    void WasReset();  // the chip has been: forgets what was under way, and its clock begins anew
+    uint64_t Cycles() const { return chip_.Cycles() - resetAt_; }
+
+private:
+    using End = std::optional<CSession::SliceEnd>;
+
+    bool NeedsEach() const {
+        return tell_ || profile_ || asleep_ || watchpoints_.Any() || !told_.empty() || plan_.WantsEach();
+    }
+    End OneInstruction(CSessionEvents &events);
+    End Rush(CSessionEvents &events, int64_t &budget);
+    End Judge(ChipState state, CSessionEvents &events);
+    void TellChanges(CSessionEvents &events);
+    bool StopsAt(uint32_t address, CSessionEvents &events);
+    CSession::SliceEnd Ended(int reason);
+
+    IChip &chip_;
+    CBreakpoints &breakpoints_;
+    CWatchpoints &watchpoints_;
+    CStepPlan plan_;
+    CCycleProfile *profile_ = nullptr;
+    std::map<uint32_t, uint8_t> told_;  // address and last value of what TellChanges has put in
+    uint64_t resetAt_ = 0;  // the chip's cycles at that time
+    bool tell_ = false;
+    bool asleep_ = false;
+    bool toldSleep_ = false;  // that nothing will wake it
+    bool stopWished_ = false;
+};
