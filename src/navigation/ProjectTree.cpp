@@ -11,7 +11,7 @@
 #include "app/CommandIds.h"
 #include "app/StringIds.h"
 #include "framework/Text.h"
-#include "navigation/FolderDelegate.h"
+#include "navigation/BarTree.h"
 #include "navigation/WorkspaceBarHost.h"
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
@@ -21,7 +21,6 @@ namespace {
 constexpr QColor kLightBand(0xe0, 0xf0, 0xff);  // behind the active project's rows
 constexpr double kDarkBandStrength = 0.16;      // of the highlight colour over a dark ground
 constexpr int kDarkGround = 128;                // lightness below which the desktop counts as dark
-constexpr int kIconSize = 16;
 
 QColor BandColor(const QPalette &palette) {
     const QColor ground = palette.color(QPalette::Base);
@@ -67,14 +66,7 @@ struct CProjectTree::Place {
 CProjectTree::CProjectTree(CWorkspaceBarHost &host, QWidget *parent)
     : QTreeView(parent), host_(host), model_(new CProjectTreeModel(this)) {
     setModel(model_);
-    setItemDelegate(new CFolderDelegate(this));
-    setHeaderHidden(true);
-    setUniformRowHeights(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTextElideMode(Qt::ElideMiddle);
-    setIconSize(QSize(kIconSize, kIconSize));
-    setFrameShape(QFrame::NoFrame);
+    SetUpBarTree(*this);
     setAcceptDrops(true);
     MapCommands();
 }

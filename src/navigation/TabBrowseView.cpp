@@ -6,29 +6,16 @@
 #include <QScrollBar>
 #include <unordered_set>
 
+#include "navigation/BarTree.h"
 #include "navigation/BrowseTreeModel.h"
-#include "navigation/FolderDelegate.h"
 #include "navigation/WorkspaceBarHost.h"
 #include "widgets/RowKeys.h"
 #include "widgets/TitleTip.h"
 
-namespace {
-
-constexpr int kIconSize = 16;
-
-}  // namespace
-
 CTabBrowseView::CTabBrowseView(CWorkspaceBarHost &host, QWidget *parent)
     : QTreeView(parent), host_(host), model_(new CBrowseTreeModel(this)) {
     setModel(model_);
-    setItemDelegate(new CFolderDelegate(this));
-    setHeaderHidden(true);
-    setUniformRowHeights(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTextElideMode(Qt::ElideMiddle);
-    setIconSize(QSize(kIconSize, kIconSize));
-    setFrameShape(QFrame::NoFrame);
+    SetUpBarTree(*this);
 }
 
 std::vector<CTabBrowseView::SItemState> CTabBrowseView::SaveState() const {
