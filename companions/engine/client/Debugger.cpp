@@ -16,10 +16,10 @@ struct Current {
     std::shared_ptr<CRun> run;
     uintptr_t number = 0;  // of the run, by which its thread's procedure knows it
     bool beginning = false;
-    std::string error;  // why the last run could not begin or its image not be loaded
+    char error[256] = {};  // why the last run could not begin or its image not be loaded
 };
 
-// Never destroyed: the debugger's own objects may call DbgDLLCleanup when the process ends.
+// Never destroyed, and so without memory of its own: the debugger's objects may call DbgDLLCleanup when the process ends.
 Current &TheCurrent() {
     alignas(Current) static std::byte room[sizeof(Current)];
     static Current &current = *new (room) Current;
@@ -28,7 +28,7 @@ Current &TheCurrent() {
 
 void KeepError(const std::string &error) {
     const std::lock_guard guard(TheCurrent().lock);
-    TheCurrent().error = error;
+    GiveShortText(error, TheCurrent().error);
 }
 
 // The engine's thread. It may be started late: then its run is gone, or another one is there.
@@ -66,7 +66,7 @@ uintptr_t BeginRun(const char *target, DbgExecutionFn *callback, std::string &er
     std::shared_ptr<CRun> run = CRun::Begin(name, {callback, nullptr}, error);
     const std::lock_guard guard(TheCurrent().lock);
     TheCurrent().beginning = false;
-    TheCurrent().error = error;
+    GiveShortText(error, TheCurrent().error);
     if (!run) return 0;
     TheCurrent().run = std::move(run);
     return ++TheCurrent().number;
