@@ -26,26 +26,22 @@ struct stat_grammar : public boost::spirit::classic::grammar<stat_grammar> {
         explicit definition(const stat_grammar &self) {
             using namespace boost::spirit::classic;
             const Actions &actions = self.actions;
-            const auto text = [](const auto &action) {
-                return [&action](const char *first, const char *last) {
-                    action(std::string_view(first, static_cast<size_t>(last - first)));
-                };
-            };
-            const auto number = [](const auto &action) { return [&action](unsigned value) { action(value); }; };
-            const auto range = [](const auto &action) { return [&action](const char *, const char *) { action(); }; };
+            using namespace grammar_action;
             const chset<> name_first("a-zA-Z_*#~"), name_further("a-zA-Z0-9_*(),?[] ");
             const file_name_token file_name;
 
             name = lexeme_d[name_first >> *name_further];
-            file = '"' >> !lexeme_d[file_name.first >> *file_name.further][text(actions.file)] >> '"';
-            line_number = str_p("line") >> '=' >> uint_p[number(actions.line)];
-            ram = str_p("ram") >> '=' >> uint_p[number(actions.ram_whole)] >> '.' >> uint_p[number(actions.ram_part)];
-            rom = str_p("rom") >> '=' >> uint_p[number(actions.rom)];
-            fields = name[text(actions.name)] >> ':' >> file >> ',' >> line_number >> ',' >> ram >> ',' >> rom >> ';';
-            begin = eps_p[range(actions.begin_action)];
-            record = begin >> fields[range(actions.complete_action)];
+            file = '"' >> !lexeme_d[file_name.first >> *file_name.further][with_text(actions.file)] >> '"';
+            line_number = str_p("line") >> '=' >> uint_p[with_number(actions.line)];
+            ram = str_p("ram") >> '=' >> uint_p[with_number(actions.ram_whole)] >> '.'
+                  >> uint_p[with_number(actions.ram_part)];
+            rom = str_p("rom") >> '=' >> uint_p[with_number(actions.rom)];
+            fields = name[with_text(actions.name)] >> ':' >> file >> ',' >> line_number >> ',' >> ram >> ','
+                  >> rom >> ';';
+            begin = eps_p[bare(actions.begin_action)];
+            record = begin >> fields[bare(actions.complete_action)];
             class_record =
-                begin >> "class" >> name[text(actions.class_name)] >> ':' >> fields[range(actions.complete_action)];
+                begin >> "class" >> name[with_text(actions.class_name)] >> ':' >> fields[bare(actions.complete_action)];
             heap_block = str_p("#HEAP_BLOCK") >> ':' >> uint_p >> ',' >> uint_p >> ',' >> uint_p >> ';';
             line = *(record | class_record | heap_block) >> end_p;
         }

@@ -74,11 +74,13 @@ void CSymbolIndex::UpdateBrowseInfo() {
         return;
     }
     update_.reset();
+    updating_ = true;
     do {
         again_ = false;
         maps_ = {};
         if (frame) UpdateNow(*frame);
     } while (again_);
+    updating_ = false;
 }
 
 void CSymbolIndex::UpdateNow(CMainFrame &frame) {
@@ -154,6 +156,7 @@ bool CSymbolIndex::Run(const std::string &commandLine) {
         break;
     }
     waiting_ = nested;
+    if (again_ && !waiting_ && !updating_ && !update_) RequestUpdate();
     return true;
 }
 

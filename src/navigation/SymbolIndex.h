@@ -60,6 +60,7 @@ private:
     std::unique_ptr<CBrowseUpdate> update_;  // null while none runs behind the user's back
     std::unique_ptr<CBrowseUpdate> finished_;  // the last one
     bool waiting_ = false;                   // for the tag generator
+    bool updating_ = false;                  // while the caller waits for it
     bool ended_ = false;                     // the last run, by the user
     bool again_ = false;                     // what the present update reads is out of date
 };

@@ -20,6 +20,28 @@ struct skip_grammar : public boost::spirit::classic::grammar<skip_grammar> {
     };
 };
 
+// What a grammar calls on a match, made of an action that outlives the parsing: with the text, with its number, bare.
+namespace grammar_action {
+
+template <typename Action>
+auto with_text(const Action &action) {
+    return [&action](const char *first, const char *last) {
+        action(std::string_view(first, static_cast<size_t>(last - first)));
+    };
+}
+
+template <typename Action>
+auto with_number(const Action &action) {
+    return [&action](unsigned value) { action(value); };
+}
+
+template <typename Action>
+auto bare(const Action &action) {
+    return [&action](const char *, const char *) { action(); };
+}
+
+}  // namespace grammar_action
+
 // A name of a file in its quotes, without what may stand between them and it.
 struct file_name_token {
     boost::spirit::classic::chset<> first{"a-zA-Z0-9_.~!)(=@#$%^&+-"};
@@ -47,24 +69,18 @@ struct tree_grammar : public boost::spirit::classic::grammar<tree_grammar> {
         explicit definition(const tree_grammar &self) {
             using namespace boost::spirit::classic;
             const Actions &actions = self.actions;
-            const auto text = [](const auto &action) {
-                return [&action](const char *first, const char *last) {
-                    action(std::string_view(first, static_cast<size_t>(last - first)));
-                };
-            };
-            const auto number = [](const auto &action) { return [&action](unsigned value) { action(value); }; };
-            const auto range = [](const auto &action) { return [&action](const char *, const char *) { action(); }; };
+            using namespace grammar_action;
             const auto letter = [](const auto &action) { return [&action](char) { action(); }; };
             const auto is_open = [&actions] { return actions.is_open(); };
             const auto is_closed = [&actions] { return !actions.is_open(); };
             const chset<> name_first("a-zA-Z~_"), name_further("a-zA-Z0-9_");
             const file_name_token file_name;
 
-            name = lexeme_d[name_first >> *name_further][text(actions.name)];
-            file = '"' >> lexeme_d[file_name.first >> *file_name.further][text(actions.file)] >> '"';
-            line = str_p("line") >> '=' >> uint_p[number(actions.line)];
+            name = lexeme_d[name_first >> *name_further][with_text(actions.name)];
+            file = '"' >> lexeme_d[file_name.first >> *file_name.further][with_text(actions.file)] >> '"';
+            line = str_p("line") >> '=' >> uint_p[with_number(actions.line)];
             head = name >> ':' >> file >> ',' >> line;
-            level_start = head[range(actions.add_node_action)] >> ch_p('{')[letter(actions.levelstart_action)];
+            level_start = head[bare(actions.add_node_action)] >> ch_p('{')[letter(actions.levelstart_action)];
             level_end = eps_p(is_open) >> ch_p('}')[letter(actions.levelend_action)];
             items = *(level_start | level_end) >> eps_p(is_closed) >> end_p;
         }
