@@ -18,7 +18,7 @@ CDebugger::CDebugger(const char *programDirectory) {
 }
 
 std::string CDebugger::Evaluate(const char *expression, int format) const {
-    char text[64], error[256] = "";
+    char text[4096], error[256] = "";
     const int answer = Call<DbgEvaluateFn>("DbgEvaluate", expression, text, int{sizeof text}, format, error);
     return answer == kDbgOk ? text : std::string("!") + error;
 }
