@@ -64,6 +64,8 @@ constexpr LangAccelerator kMain[] = {
     {ID_DEBUG_RESET, "Ctrl+Shift+F5"},
     {ID_DEBUG_STOP, "Ctrl+Alt+Pause"},
     {ID_BREAKPOINT_TOGGLE, "F9"},
+    {ID_BREAKPOINTS, "Alt+F9"},
+    {ID_WATCH_AT_CARET, "Shift+F9"},
     {ID_DEBUG_STEP_OVER, "F10"},
     {ID_DEBUG_STEP_INTO, "F11"},
     {ID_DEBUG_STEP_OUT, "Shift+F11"},

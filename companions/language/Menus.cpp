@@ -141,6 +141,8 @@ constexpr LangMenuEntry kMain[] = {
     {1, ID_DEBUG_RUN_TO_CURSOR, "Run &to Cursor"},
     Line(1),
     {1, ID_BREAKPOINT_TOGGLE, "To&ggle Breakpoint"},
+    {1, ID_BREAKPOINTS, "Break&points..."},
+    {1, ID_WATCH_AT_CARET, "&Add Watch..."},
     Line(1),
     {1, ID_DEBUG_PROFILING, "Pro&filing"},
     {1, ID_DEBUG_SNAPSHOT, "Refresh &While Running"},
@@ -308,6 +310,34 @@ constexpr LangMenuEntry kBars[] = {
     {0, ID_RESET_BARS, "Rese&t Bar Layout"},
 };
 
+constexpr LangMenuEntry kWatch[] = {
+    {0, ID_WATCH_ADD, "&Add..."},
+    {0, ID_WATCH_EDIT, "&Edit..."},
+    {0, ID_WATCH_REMOVE, "&Remove"},
+    {0, ID_WATCH_REMOVE_ALL, "Remove A&ll"},
+    Line(0),
+    {0, ID_WATCH_FORMAT_FIRST, "&Decimal"},
+    {0, ID_WATCH_FORMAT_FIRST + 1, "&Binary"},
+    {0, ID_WATCH_FORMAT_FIRST + 2, "&Octal"},
+    {0, ID_WATCH_FORMAT_LAST, "&Hexadecimal"},
+};
+
+// The text of a watchpoint's entry comes when the menu opens.
+constexpr LangMenuEntry kRegister[] = {
+    {0, ID_REGISTER_FORMAT_FIRST, "&Decimal"},
+    {0, ID_REGISTER_FORMAT_FIRST + 1, "&Binary"},
+    {0, ID_REGISTER_FORMAT_FIRST + 2, "&Octal"},
+    {0, ID_REGISTER_FORMAT_LAST, "&Hexadecimal"},
+    Line(0),
+    {0, ID_REGISTER_WATCHPOINT, "&Watchpoint"},
+    {0, ID_REGISTER_WATCHPOINTS_CLEAR, "&Remove All Watchpoints"},
+};
+
+constexpr LangMenuEntry kMemory[] = {
+    {0, ID_MEMORY_WATCHPOINT, "&Watchpoint"},
+    {0, ID_MEMORY_WATCHPOINTS_CLEAR, "&Remove All Watchpoints"},
+};
+
 constexpr LangMenuEntry kHeader[] = {
     {0, ID_HEADER_FILE, "&File Name"},
     {0, ID_HEADER_PAGE, "&Page Number"},
@@ -340,6 +370,9 @@ constexpr MenuRow kMenus[] = {
     {IDR_BUILD_MENU, kBuildArrow},
     {IDR_VIEW_MENU, kView},
     {IDR_BAR_MENU, kBars},
+    {IDR_WATCH_MENU, kWatch},
+    {IDR_REGISTER_MENU, kRegister},
+    {IDR_MEMORY_MENU, kMemory},
     {IDR_HEADER_MENU, kHeader},
     {IDR_FOOTER_MENU, kFooter},
 };

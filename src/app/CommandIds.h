@@ -134,6 +134,11 @@ enum CommandId : int {
     ID_HEADER_DATE = 32840,
     ID_HEADER_TIME = 32841,
     ID_BREAKPOINT_TOGGLE = 32844,
+    ID_BREAKPOINT_AT_POINTER = 32822,  // toggles the one of the line that the context menu names
+    ID_BREAKPOINT_PROPERTIES = 33013,
+    ID_BREAKPOINTS = 33076,
+    ID_WATCH_AT_CARET = 32999,
+    ID_WATCH_AT_POINTER = 33001,  // of the text that the context menu names
     ID_EDITOR_SETTINGS = 33060,
 
     // Symbols
@@ -177,6 +182,20 @@ enum CommandId : int {
     ID_DEBUG_END = 33007,
     ID_DEBUG_RUN_TO_CURSOR = 33008,
     ID_CLOCK_RATE = 32935,
+
+    // Rows of the debug bars
+    ID_WATCH_ADD = 32857,
+    ID_WATCH_REMOVE = 32858,
+    ID_WATCH_REMOVE_ALL = 32859,
+    ID_WATCH_EDIT = 32895,
+    ID_WATCH_FORMAT_FIRST = 32873,  // four, in the order of the number formats
+    ID_WATCH_FORMAT_LAST = 32876,
+    ID_REGISTER_WATCHPOINTS_CLEAR = 32865,
+    ID_REGISTER_WATCHPOINT = 32866,
+    ID_MEMORY_WATCHPOINT = 32867,
+    ID_MEMORY_WATCHPOINTS_CLEAR = 32868,
+    ID_REGISTER_FORMAT_FIRST = 32869,  // four
+    ID_REGISTER_FORMAT_LAST = 32872,
 
     // Help
     ID_TIP_OF_THE_DAY = 32789,

@@ -132,6 +132,27 @@ enum StringId : int {
     IDS_DEBUG_ADVICE_FOURTH = 855,
     IDS_DEBUG_ADVICE_FIFTH = 856,
     IDS_DEBUG_ADVICE_LAST = 857,
+    IDS_DEBUG_NO_ENGINE = 858,
+    IDS_DEBUG_LOAD_FAILED = 859,          // %s the image
+    IDS_DEBUG_NOTE_SLEEP = 860,
+    IDS_DEBUG_NOTE_STACK = 861,
+    IDS_DEBUG_REFUSED = 862,              // %s the command's word
+    IDS_DEBUG_NO_SOURCE = 863,
+    IDS_BREAKPOINT_NOT_DELETED = 864,     // %s file, %d line
+    IDS_MAIN_NOT_DELETED = 865,
+    IDS_CLOCK_CYCLES = 866,               // %s; status bar
+    IDS_CLOCK_KILO = 867,                 // %s times 1024
+    IDS_CLOCK_MEGA = 868,                 // %s times 1024 x 1024
+    IDS_CLOCK_IDLE = 869,                 // without a run
+    IDS_BREAKPOINT_NO_CODE = 870,         // %s file, %d line
+    IDS_RUN_TO_CURSOR_NO_CODE = 871,
+    IDS_RUN_TO_CURSOR_MOVED = 872,
+    IDS_BREAKPOINTS_MOVED = 873,
+    IDS_BREAKPOINT_REFUSED = 874,         // %s file, %d line
+    IDS_NO_STACK = 875,                   // row of the stack bar
+    IDS_FRAME_NO_SOURCE = 876,            // %s the address
+    IDS_DEBUG_PROFILE_REFUSED = 877,
+    IDS_CONDITION_REFUSED = 878,          // %s file, %d line, %s words
 
     // Keyboard macros
     IDS_MACRO_NOT_RECORDING = 880,        // menu text of the record command
@@ -310,6 +331,57 @@ enum StringId : int {
     IDS_COLUMN_RAM_PART = 974,
     IDS_NO_FUNCTION_DATA = 975,
 
+    // Breakpoints: their dialogs and the context menu
+    IDS_DIALOG_BREAKPOINTS = 980,
+    IDS_BREAKPOINTS_REMOVE = 981,         // button
+    IDS_BREAKPOINTS_REMOVE_ALL = 982,     // button
+    IDS_BREAKPOINTS_GOTO = 983,           // button
+    IDS_BREAKPOINTS_PROPERTIES = 984,     // button
+    IDS_BREAKPOINT_GONE = 985,            // error
+    IDS_DIALOG_BREAKPOINT = 986,
+    IDS_BREAKPOINT_PLACE = 987,           // %s file, %d line
+    IDS_BREAKPOINT_USE_CONDITION = 988,
+    IDS_BREAKPOINT_WHEN_TRUE = 989,
+    IDS_BREAKPOINT_WHEN_CHANGED = 990,
+    IDS_BREAKPOINT_USE_HITS = 991,
+    IDS_BREAKPOINT_HITS_AT_LEAST = 992,
+    IDS_BREAKPOINT_HITS_EQUAL = 993,
+    IDS_BREAKPOINT_HITS_MULTIPLE = 994,
+    IDS_BREAKPOINT_HIT_COUNT = 995,       // %d
+    IDS_BREAKPOINT_NO_COUNT = 996,        // no run
+    IDS_BREAKPOINT_RESET_COUNT = 997,
+    IDS_MENU_TOGGLE_BREAKPOINT = 998,     // %d the line; menu entries
+    IDS_MENU_BREAKPOINT_PROPERTIES = 999,
+
+    // Watches
+    IDS_DIALOG_QUICK_WATCH = 1020,
+    IDS_LABEL_EXPRESSION = 1021,
+    IDS_WATCH_ERROR = 1022,               // in place of a value; also of a register
+    IDS_WATCH_NOT_DEBUGGING = 1023,       // drop without a run; build list
+    IDS_WATCH_NOT_SET = 1024,             // %s the expression; build list
+    IDS_WATCH_NO_REGISTER = 1025,         // %s the expression; build list
+    IDS_NOT_DECIMAL = 1026,               // four in the order of the number formats; build list
+    IDS_NOT_BINARY = 1027,
+    IDS_NOT_OCTAL = 1028,
+    IDS_NOT_HEXADECIMAL = 1029,
+    IDS_MENU_ADD_WATCH = 1030,            // %s the text; menu entry
+    IDS_COLUMN_NAME = 1031,               // headers of watches and registers
+    IDS_COLUMN_VALUE = 1032,
+
+    // Registers, memory and watchpoints
+    IDS_REGISTERS_FAILED = 1040,          // row
+    IDS_REGISTERS_UNREADABLE = 1041,      // row
+    IDS_REGISTER_BITS_UNREADABLE = 1042,  // %s the register; build list
+    IDS_REGISTER_NOT_SET = 1043,          // %s the register; build list
+    IDS_BIT_NOT_BINARY = 1044,            // build list
+    IDS_WATCHPOINT_NOT_SET = 1045,        // %s the name; build list
+    IDS_WATCHPOINT_NOT_REMOVED = 1046,    // %s the name; build list
+    IDS_MENU_SET_WATCHPOINT = 1047,       // %s the place; menu entries
+    IDS_MENU_CLEAR_WATCHPOINT = 1048,     // %s
+
+    // Profile
+    IDS_PROFILE_COPY_HEADER = 1060,       // first line of copied rows
+
     // Editor settings
     IDS_DIALOG_EDITOR_SETTINGS = 710,
     IDS_PAGE_EDITOR_GENERAL = 711,
@@ -365,5 +437,8 @@ enum ResourceId : int {
     IDR_BAR_MENU = 158,        // of a right click beside the bars
     IDR_GROUPING_MENU = 159,   // of the symbols
     IDR_WORKSPACE_MENU_OUTPUTS = 160,  // of the folder and the files that a build leaves
+    IDR_REGISTER_MENU = 175,
+    IDR_MEMORY_MENU = 176,
+    IDR_WATCH_MENU = 177,
     IDR_TREE_MENU = 3001,      // of the call tree
 };
