@@ -137,10 +137,10 @@ using DbgGetClkFn = int(int64_t *cycles);
 using DbgSimLockFn = int();  // DbgSimLock, DbgSimUnlock: hold the target between two instructions; nest
 
 // dbgpars.dll: each reads one text and calls `fn` for what it finds, with `user` as it stands. True when the whole text
-// was read; of a text that can't be read nothing is told.
+// was read; of a text that can't be read nothing is told. A count beyond an int's is told as the largest int.
 using DbgFrameFn = void(int address, void *user);
 using dbgFrameListFn = bool(const char *text, DbgFrameFn *fn, void *user);  // the innermost frame last
-using DbgProfileFn = void(const char *name, int64_t count, void *user);
+using DbgProfileFn = void(const char *name, int count, void *user);
 using dbgProfileListFn = bool(const char *text, DbgProfileFn *fn, void *user);
 using DbgBitFn = void(const char *name, int bit, void *user);
 using dbgBitNamesFn = bool(const char *text, DbgBitFn *fn, void *user);

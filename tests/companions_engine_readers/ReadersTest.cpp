@@ -32,7 +32,7 @@ std::string Frames(const std::string &text) {
 std::string Profile(const std::string &text) {
     std::ostringstream told;
     const bool good = Entry<dbgProfileListFn>("dbgProfileList")(
-        text.c_str(), [](const char *name, int64_t count, void *user) { Told(user) << name << '=' << count << ' '; },
+        text.c_str(), [](const char *name, int count, void *user) { Told(user) << name << '=' << count << ' '; },
         &told);
     return told.str() + (good ? "" : "refused");
 }
@@ -74,7 +74,7 @@ TEST(Readers, ReadWhatIsWritten) {
     EXPECT_EQ(Frames(FrameListText({0x1F, 0, 0x1FFFFE})), "31 0 2097150 ");
     EXPECT_EQ(Frames(FrameListText({})), "");
     EXPECT_EQ(Profile(ProfileListText({{"main", 12}, {"two words", 9000000000}, {"", 0}, {"most", ~uint64_t{0}}})),
-              "main=12 two_words=9000000000 _=0 most=9223372036854775807 ");
+              "main=12 two_words=2147483647 _=0 most=2147483647 ");
     EXPECT_EQ(Bits(BitNamesText({{0, "C"}, {7, "IRP"}})), "0C 7IRP ");
     EXPECT_EQ(Bits(""), "");
 

@@ -52,7 +52,7 @@ Told Read(const std::string &text) {
         text.c_str(), [](int address, void *user) { static_cast<Told *>(user)->frames.push_back(address); }, &told);
     const bool profile = dbgProfileList(
         text.c_str(),
-        [](const char *name, int64_t count, void *user) {
+        [](const char *name, int count, void *user) {
             Expect(*name != '\0' && count >= 0, "a function has a name and a count");
             static_cast<Told *>(user)->profile.push_back({name, static_cast<uint64_t>(count)});
         },

@@ -1,4 +1,5 @@
 // The entry points of dbgpars.dll. A text that doesn't read to its end tells nothing at all.
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <limits>
@@ -118,7 +119,8 @@ THORNWELL_EXPORT bool dbgFrameList(const char *text, DbgFrameFn *fn, void *user)
 THORNWELL_EXPORT bool dbgProfileList(const char *text, DbgProfileFn *fn, void *user) {
     std::vector<Counted> rows;
     if (!text || !fn || !ReadAll(text, '\n', ReadProfileLine, rows)) return false;
-    for (const Counted &row : rows) fn(row.name.c_str(), row.number, user);
+    constexpr int64_t kMost = std::numeric_limits<int>::max();
+    for (const Counted &row : rows) fn(row.name.c_str(), static_cast<int>(std::min(row.number, kMost)), user);
     return true;
 }
 
