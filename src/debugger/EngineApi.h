@@ -58,7 +58,8 @@ using DbgDLLInitFn = int(void **proc, void **param, const char *target, DbgExecu
 // being made; behind that one none comes and the procedure returns. The library stays loaded until it has.
 using DbgDLLCleanupFn = int();
 using DbgLoadFileFn = int(const char *image);
-// Why the last DbgDLLInit or DbgLoadFile has failed, in words for the user; empty when it hasn't.
+// Why the last of these calls has failed, in words for the user; empty when it hasn't: DbgDLLInit, DbgLoadFile, DbgSet,
+// DbgSetBreakpointByLine, DbgSetBreakpointConditions, DbgSetWatchpoint.
 using DbgGetErrorTextFn = int(char *buffer, int size);
 using DbgSetExecutionChangeCallbackFn = int(DbgExecutionFn *fn, void *user);
 

@@ -70,8 +70,9 @@ public:
         if (text.empty()) error = "No such name: " + expression;
         return !text.empty();
     }
-    bool Set(const std::string &name, int value) override {
+    bool Set(const std::string &name, int value, std::string &error) override {
         if (name == "count") count_ = value;
+        error = "only count, not " + name;
         return name == "count";
     }
     std::optional<int> GetReg(int address) override {
@@ -112,15 +113,21 @@ public:
     std::optional<std::string> FrameList() override { return "frames"; }
     std::optional<std::string> ProfileList() override { return std::string(200000, 'p'); }
 
-    std::optional<int> SetBreakpoint(const std::string &, int line) override {
+    std::optional<int> SetBreakpoint(const std::string &, int line, std::string &) override {
         breakpoints_[++lastId_] = line;
         return lastId_;
     }
     bool DeleteBreakpoint(int id) override { return breakpoints_.erase(id) == 1; }
-    bool SetBreakpointConditions(int, const Conditions &conditions) override { return conditions.condition.empty(); }
+    bool SetBreakpointConditions(int, const Conditions &conditions, std::string &error) override {
+        error = "no condition is known";
+        return conditions.condition.empty();
+    }
     std::optional<int> BreakpointHitCount(int) override { return 7; }
     bool ResetBreakpointHitCount(int) override { return true; }
-    std::optional<int> SetWatchpoint(const std::string &) override { return {}; }
+    std::optional<int> SetWatchpoint(const std::string &, std::string &error) override {
+        error = "nothing is watched";
+        return {};
+    }
     bool DeleteWatchpoint(int) override { return false; }
 
     bool WatchRegister(int handle, bool on) override {

@@ -58,16 +58,60 @@ TEST(RealChip, TenRunsInOneProcessStepAndGoBack) {
     EXPECT_EQ(CountBelongings(), before);
 }
 
-TEST(RealChip, FailedBeginningsSayWhy) {
+TEST(RealChip, FailuresSayWhy) {
     const CDebugger debugger(PROGRAM_DIR);
+    const CLinkedProgram program(kSmallEnhanced);
+    const std::string source = program.Windows("main.asm");
     void *proc = nullptr, *param = nullptr;
-    char words[512] = "";
-    EXPECT_EQ(debugger.Call<DbgDLLInitFn>("DbgDLLInit", &proc, &param, "PIC99X1", nullptr, nullptr), kDbgFailed);
-    EXPECT_EQ(debugger.Call<DbgGetErrorTextFn>("DbgGetErrorText", words, 512), kDbgOk);
-    EXPECT_NE(std::string(words).find("99X1"), std::string::npos) << words;
-    ASSERT_EQ(debugger.Call<DbgDLLInitFn>("DbgDLLInit", &proc, &param, "PIC16F628A", nullptr, nullptr), kDbgOk);
-    EXPECT_EQ(debugger.Call<DbgLoadFileFn>("DbgLoadFile", "\\nowhere\\x.cof"), kDbgFailed);
-    EXPECT_EQ(debugger.Call<DbgGetErrorTextFn>("DbgGetErrorText", words, 512), kDbgOk);
-    EXPECT_STRNE(words, "");
+    int id = -1;
+    const auto begins = [&](const char *chip) {
+        return debugger.Call<DbgDLLInitFn>("DbgDLLInit", &proc, &param, chip, nullptr, nullptr);
+    };
+    const auto loads = [&](const std::string &image) {
+        return debugger.Call<DbgLoadFileFn>("DbgLoadFile", image.c_str());
+    };
+    const auto breaks = [&](const std::string &file, int line) {
+        return debugger.Call<DbgSetBreakpointByLineFn>("DbgSetBreakpointByLine", file.c_str(), line, &id);
+    };
+    const auto holds = [&](const char *condition) {
+        return debugger.Call<DbgSetBreakpointConditionsFn>("DbgSetBreakpointConditions", id, condition,
+                                                           int{kDbgWhenTrue}, 0, int{kDbgNoHit});
+    };
+    const auto watches = [&](const char *name) {
+        int watchpoint = -1;
+        return debugger.Call<DbgSetWatchpointFn>("DbgSetWatchpoint", name, &watchpoint);
+    };
+    const auto sets = [&](const char *name, int value) { return debugger.Call<DbgSetFn>("DbgSet", name, value); };
+    const struct {
+        std::function<int()> call;
+        const char *words;  // some of them; null: it succeeds, and there are none
+    } cases[] = {
+        {[&] { return watches("count"); }, "no debug run"},
+        {[&] { return begins("PIC99X1"); }, "99X1"},
+        {[&] { return begins(kSmallEnhanced.chip); }, nullptr},
+        {[&] { return breaks(source, 9); }, "No program"},
+        {[&] { return loads("\\nowhere\\x.cof"); }, "nowhere"},
+        {[&] { return loads(program.ImageName()); }, nullptr},
+        {[&] { return breaks(source, 1); }, "Line 1 of"},
+        {[&] { return breaks("\\else\\x.asm", 9); }, "/else/x.asm"},
+        {[&] { return breaks(source, 9); }, nullptr},
+        {[&] { return holds("count == "); }, "missing"},
+        {[&] { return holds("counts == 1"); }, "counts"},
+        {[&] { return holds("count == 1"); }, nullptr},
+        {[&] { return watches("main"); }, "program memory"},
+        {[&] { return watches("$NONE"); }, "$NONE"},
+        {[&] { return watches("$99999"); }, "$99999"},
+        {[&] { return watches("count"); }, nullptr},
+        {[&] { return sets("counts", 1); }, "counts"},
+        {[&] { return sets("$pc", 99999); }, "99999"},
+        {[&] { return sets("count", 1); }, nullptr},
+    };
+    for (const auto &c : cases) {
+        char words[512] = "#";
+        const int index = static_cast<int>(&c - cases);
+        EXPECT_EQ(c.call(), c.words ? kDbgFailed : kDbgOk) << index;
+        EXPECT_EQ(debugger.Call<DbgGetErrorTextFn>("DbgGetErrorText", words, int{sizeof words}), kDbgOk);
+        EXPECT_TRUE(c.words ? std::string(words).find(c.words) != std::string::npos : *words == 0) << index << words;
+    }
     EXPECT_EQ(debugger.Command("DbgDLLCleanup"), kDbgOk);
 }

@@ -27,6 +27,7 @@ public:
 
     std::unique_ptr<CSession> session;
     CEventLog events;
+    std::string error;  // of the last call that gave one
 
     std::string File(const std::string &name) const { return scratch_.Windows(name); }
     int LineOf(const std::string &name, const std::string &text) const {
@@ -38,7 +39,7 @@ public:
         return 0;
     }
     int Break(const std::string &name, const std::string &text) {
-        return session->SetBreakpoint(File(name), LineOf(name, text)).value_or(-1);
+        return session->SetBreakpoint(File(name), LineOf(name, text), error).value_or(-1);
     }
 
     // Does the command and gives the source text of the place where it stops.
@@ -98,7 +99,7 @@ TEST(Blink, IsSteppedThrough) {
         while (blink.Do(stepOver) != "andlw 0xFF") {
         }
         for (int steps = 0; steps < 3000; steps++) {
-            if (steps % 500 == 0) blink.session->Set("$TMR0", 255);
+            if (steps % 500 == 0) blink.session->Set("$TMR0", 255, blink.error);
             blink.Do(steps % 2 ? stepInto : stepOver);
             const SessionPlace place = blink.session->Place();
             ASSERT_FALSE(place.file == blink.File("timer.asm") && place.line >= from && place.line <= to) << steps;
@@ -113,15 +114,15 @@ TEST(Blink, StopsWhereItIsToldTo) {
         const int loop = blink.Break("main.asm", "decfsz  ticks_left");
         EXPECT_EQ(blink.Break("main.asm", "decfsz  ticks_left"), loop);
         EXPECT_EQ(blink.Break("board.inc", "BLINK_TICKS"), -1);
-        ASSERT_TRUE(blink.session->SetBreakpointConditions(loop, {"ticks_left == 3", kDbgWhenTrue, 0, 0}));
-        EXPECT_FALSE(blink.session->SetBreakpointConditions(loop, {"tick_left == 3", kDbgWhenTrue, 0, 0}));
+        ASSERT_TRUE(blink.session->SetBreakpointConditions(loop, {"ticks_left == 3", kDbgWhenTrue, 0, 0}, blink.error));
+        EXPECT_FALSE(blink.session->SetBreakpointConditions(loop, {"tick_left == 3", kDbgWhenTrue, 0, 0}, blink.error));
         EXPECT_EQ(blink.Do(run), "decfsz ticks_left, F");
         EXPECT_EQ(blink.Value("ticks_left"), "3");
         EXPECT_EQ(blink.session->BreakpointHitCount(loop), 1);
         ASSERT_TRUE(blink.session->DeleteBreakpoint(loop));
 
-        const int port = blink.session->SetWatchpoint("$PORTB").value_or(-1);
-        EXPECT_EQ(blink.session->SetWatchpoint("$6"), port);
+        const int port = blink.session->SetWatchpoint("$PORTB", blink.error).value_or(-1);
+        EXPECT_EQ(blink.session->SetWatchpoint("$6", blink.error), port);
         EXPECT_EQ(blink.Do(run), "return") << "behind the write";
         EXPECT_EQ(blink.session->FrameList()->find(' '), std::string::npos);
         const int back = static_cast<int>(std::stoul(*blink.session->FrameList(), nullptr, 16));
@@ -132,7 +133,7 @@ TEST(Blink, StopsWhereItIsToldTo) {
         EXPECT_TRUE(blink.session->DeleteWatchpoint(port));
         EXPECT_EQ(blink.Do(stepOut), "goto wait_for_tick");
 
-        ASSERT_TRUE(blink.session->SetWatchpoint("ticks_left"));
+        ASSERT_TRUE(blink.session->SetWatchpoint("ticks_left", blink.error));
         EXPECT_EQ(blink.Do(run), "goto wait_for_tick");
         EXPECT_EQ(blink.Value("ticks_left"), "7");
     });
@@ -163,13 +164,13 @@ TEST(Greeting, IsSteppedThrough) {
         EXPECT_EQ(greeting.Do(stepOut), "movlw upper text_greeting");
         EXPECT_EQ(greeting.Do(stepOut), "movlw 0x01") << "over the whole greeting, whose last call is a jump";
         EXPECT_EQ(greeting.Value("$EEDATA"), "1");
-        const int light = greeting.session->SetWatchpoint("$LATD").value_or(-1);
+        const int light = greeting.session->SetWatchpoint("$LATD", greeting.error).value_or(-1);
         ASSERT_GT(light, 0);
         EXPECT_EQ(greeting.Do(run), "rcall delay");
         EXPECT_EQ(greeting.Do(run), "bra next_light");
         EXPECT_EQ(greeting.Value("$LATD"), "2");
         EXPECT_EQ(greeting.session->ReadEeprom(0, 1), std::vector<uint8_t>{1});
-        EXPECT_TRUE(greeting.session->Set("delay_high", 77));
+        EXPECT_TRUE(greeting.session->Set("delay_high", 77, greeting.error));
         EXPECT_EQ(greeting.Value("delay_high + 1"), "78");
         EXPECT_TRUE(greeting.session->SymbolToAddr("main"));
         EXPECT_TRUE(greeting.Value("_registers").starts_with("["));

@@ -83,8 +83,9 @@ TEST(Watchpoints, StopBehindEachWriteUnderAnyName) {
         ToyRun run(Counting());
         run.map.symbols["port_copy"] = {"port_copy", 1, false, 1};
         run.map.symbols["wide"] = {"wide", 0, false, 2};
-        EXPECT_EQ(run.watchpoints.Set(4, name), 4) << name;
-        EXPECT_EQ(run.watchpoints.Set(5, name), 4) << name;
+        std::string error;
+        EXPECT_EQ(run.watchpoints.Set(4, name, error), 4) << name;
+        EXPECT_EQ(run.watchpoints.Set(5, name, error), 4) << name;
         for (int i = 0; i < 2; i++) {  // the second write changes nothing
             EXPECT_EQ(run.Do(RunKind::run), kDbgStopped) << name;
             EXPECT_EQ(run.Line(), 4) << name;
@@ -94,15 +95,19 @@ TEST(Watchpoints, StopBehindEachWriteUnderAnyName) {
     }
     ToyRun run(Counting());
     run.map.symbols["main"] = {"main", 1, true, 1};
-    for (const char *name : {"", "$", "$NONE", "$999", "$1x", "main", "unknown"})
-        EXPECT_FALSE(run.watchpoints.Set(1, name)) << name;
+    for (const char *name : {"", "$", "$NONE", "$999", "$1x", "main", "unknown"}) {
+        std::string error;
+        EXPECT_FALSE(run.watchpoints.Set(1, name, error)) << name;
+        EXPECT_NE(error, "") << name;
+    }
 }
 
 TEST(Names, StandForBytesLowestFirst) {
     ToyRun run(Counting());
     run.map.symbols = {
         {"wide", {"wide", 10, false, 3}}, {"text", {"text", 20, false, 9}}, {"main", {"main", 0x123, true, 1}}};
-    EXPECT_TRUE(run.names.Set("wide", 0x1234567));
+    std::string error;
+    EXPECT_TRUE(run.names.Set("wide", 0x1234567, error));
     EXPECT_EQ(run.chip.ReadRegister(10), 0x67);
     EXPECT_EQ(run.chip.ReadRegister(13), 0);
     run.chip.WriteRegister(20, 9);
@@ -115,8 +120,8 @@ TEST(Names, StandForBytesLowestFirst) {
     for (const auto &[name, value] : cases) EXPECT_EQ(run.names.Value(name), value) << name;
     EXPECT_EQ(run.names.Address("wide"), 10);
     EXPECT_EQ(run.names.Address("main"), 0x123);
-    EXPECT_FALSE(run.names.Set("main", 1));
-    EXPECT_FALSE(run.names.Set("$pc", 1000));
+    EXPECT_FALSE(run.names.Set("main", 1, error));
+    EXPECT_FALSE(run.names.Set("$pc", 1000, error));
 }
 
 TEST(CycleProfile, CountsEachCycleOnce) {
@@ -166,7 +171,7 @@ TEST(StopSettings, OutliveAStepBack) {
     late.Break(1, 3);
     late.Break(3, 5);
     ASSERT_TRUE(late.breakpoints.SetRule(3, {"$8 == 9 || 0 * 12", kDbgWhenTrue, 1, kDbgHitAtLeast}, error));
-    late.watchpoints.Set(4, "$PORT");
+    late.watchpoints.Set(4, "$PORT", error);
     StopSettings settings, read;
     settings.nextId = 5;
     settings.registers = {7, 8};

@@ -15,6 +15,9 @@
 
 std::shared_ptr<CRun> CurrentRun();  // null: there is none
 
+// What DbgGetErrorText gives from now on; empty when the call that has it has not failed.
+void KeepError(const std::string &error);
+
 // The answer of an export that is `body` on the current run: kDbgFailed when there is none. No exception leaves.
 template <typename Body>
 int OnRun(Body body) try {

@@ -16,7 +16,7 @@ struct Current {
     std::shared_ptr<CRun> run;
     uintptr_t number = 0;  // of the run, by which its thread's procedure knows it
     bool beginning = false;
-    char error[256] = {};  // why the last run could not begin or its image not be loaded
+    char error[256] = {};  // why the last call that gives words has failed
 };
 
 // Never destroyed, and so without memory of its own: the debugger's objects may call DbgDLLCleanup when the process ends.
@@ -24,11 +24,6 @@ Current &TheCurrent() {
     alignas(Current) static std::byte room[sizeof(Current)];
     static Current &current = *new (room) Current;
     return current;
-}
-
-void KeepError(const std::string &error) {
-    const std::lock_guard guard(TheCurrent().lock);
-    GiveShortText(error, TheCurrent().error);
 }
 
 // The engine's thread. It may be started late: then its run is gone, or another one is there.
@@ -77,6 +72,11 @@ uintptr_t BeginRun(const char *target, DbgExecutionFn *callback, std::string &er
 std::shared_ptr<CRun> CurrentRun() {
     const std::lock_guard guard(TheCurrent().lock);
     return TheCurrent().run;
+}
+
+void KeepError(const std::string &error) {
+    const std::lock_guard guard(TheCurrent().lock);
+    GiveShortText(error, TheCurrent().error);
 }
 
 ENGINE_EXPORT int DbgDLLInit(void **proc, void **param, const char *target, DbgExecutionFn *callback, void *) try {

@@ -85,6 +85,21 @@ int Ask(Request request, Result *result, const Arguments &...arguments) {
     });
 }
 
+// A call whose failure has words for the user. `take` gets its results.
+template <typename... Arguments>
+int AskWithWords(Request request, const CRun::Take &take, const Arguments &...arguments) {
+    if (!(IsGiven(arguments) && ...)) return kDbgFailed;
+    std::string words = "There is no debug run.";
+    const int answer = OnRun([&](CRun &run) {
+        words = "The simulator doesn't answer.";
+        return Answer(run.Ask(
+            request, [&](CMessageWriter &out) { (PutOne(out, arguments), ...); }, take,
+            [&](CMessageReader &in) { words = in.Text(); }));
+    });
+    KeepError(answer == kDbgOk ? std::string() : words);
+    return answer;
+}
+
 // A call with a text for a buffer of the caller.
 template <typename... Arguments>
 int AskText(Request request, char *buffer, int size, const Arguments &...arguments) {
@@ -113,7 +128,7 @@ ENGINE_EXPORT int DbgEvaluate(const char *expression, char *buffer, int size, in
 }
 
 ENGINE_EXPORT int DbgSet(const char *name, int value) {
-    return Tell(Request::set, Name{name}, value);
+    return AskWithWords(Request::set, {}, Name{name}, value);
 }
 
 ENGINE_EXPORT int DbgGetReg(int address, int *value) {
@@ -207,7 +222,9 @@ ENGINE_EXPORT int DbgGetProfileList(char *buffer, int size) {
 }
 
 ENGINE_EXPORT int DbgSetBreakpointByLine(const char *file, int line, int *id) {
-    return Ask(Request::setBreakpoint, id, File{file}, line);
+    if (!id) return kDbgFailed;
+    return AskWithWords(
+        Request::setBreakpoint, [&](CMessageReader &in) { *id = in.Int(); }, File{file}, line);
 }
 
 ENGINE_EXPORT int DbgDeleteBreakpoint(int id) {
@@ -216,7 +233,8 @@ ENGINE_EXPORT int DbgDeleteBreakpoint(int id) {
 
 ENGINE_EXPORT int DbgSetBreakpointConditions(int id, const char *condition, int conditionType, int hitValue,
                                              int hitType) {
-    return Tell(Request::setConditions, id, Name{condition ? condition : ""}, conditionType, hitValue, hitType);
+    return AskWithWords(Request::setConditions, {}, id, Name{condition ? condition : ""}, conditionType, hitValue,
+                        hitType);
 }
 
 ENGINE_EXPORT int DbgGetBreakpointHitCount(int id, int *count) {
@@ -226,7 +244,9 @@ ENGINE_EXPORT int DbgResetBreakpointHitCount(int id) {
     return Tell(Request::resetHitCount, id);
 }
 ENGINE_EXPORT int DbgSetWatchpoint(const char *name, int *id) {
-    return Ask(Request::setWatchpoint, id, Name{name});
+    if (!id) return kDbgFailed;
+    return AskWithWords(
+        Request::setWatchpoint, [&](CMessageReader &in) { *id = in.Int(); }, Name{name});
 }
 ENGINE_EXPORT int DbgDeleteWatchpoint(int id) {
     return Tell(Request::deleteWatchpoint, id);

@@ -67,20 +67,37 @@ std::optional<int64_t> CNames::Address(const std::string &name) const {
     return std::nullopt;
 }
 
-bool CNames::Set(const std::string &name, int64_t value) {
-    if (EqualsNoCase(name, "$pc")) return value >= 0 && chip_.SetProgramCounter(static_cast<uint32_t>(value));
+bool CNames::Set(const std::string &name, int64_t value, std::string &error) {
+    if (EqualsNoCase(name, "$pc")) {
+        const bool good = value >= 0 && chip_.SetProgramCounter(static_cast<uint32_t>(value));
+        if (!good) error = std::to_string(value) + " is no address of an instruction.";
+        return good;
+    }
     std::vector<uint32_t> bytes = Bytes(name);
     if (bytes.empty()) {
-        if (!EqualsNoCase(name, "$w")) return false;
-        chip_.SetW(static_cast<uint8_t>(value));
-        return true;
+        if (EqualsNoCase(name, "$w")) {
+            chip_.SetW(static_cast<uint8_t>(value));
+            return true;
+        }
+        error = WhyNoBytes(name);
+        return false;
     }
     if (bytes.size() > kNumberBytes) bytes.resize(1);
     for (uint32_t address : bytes) {
-        if (!chip_.WriteRegister(address, static_cast<uint8_t>(value))) return false;
+        if (!chip_.WriteRegister(address, static_cast<uint8_t>(value))) {
+            error = "The chip takes no value for \"" + name + "\".";
+            return false;
+        }
         value >>= 8;
     }
     return true;
+}
+
+std::string CNames::WhyNoBytes(const std::string &name) const {
+    const ImageSymbol *symbol = map_.FindSymbol(name);
+    if (symbol && symbol->inProgram) return '"' + name + "\" lies in program memory.";
+    if (symbol) return "The chip has no memory where \"" + name + "\" lies.";
+    return "There is no \"" + name + "\" in this program or chip.";
 }
 
 std::optional<int64_t> CNames::Evaluate(const CExpression &expression, std::string &error) const {

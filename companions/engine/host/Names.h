@@ -25,8 +25,10 @@ public:
     // The bytes of data memory that the name stands for; empty when it stands for none.
     std::vector<uint32_t> Bytes(const std::string &name) const;
 
-    // False when the name stands for no memory, or the chip takes no value there.
-    bool Set(const std::string &name, int64_t value);
+    // False, with words in `error`, when the name stands for no memory, or the chip takes no value there.
+    bool Set(const std::string &name, int64_t value, std::string &error);
+
+    std::string WhyNoBytes(const std::string &name) const;  // words for a name whose Bytes are empty
 
     // Nothing, with words in `error`, when it has no value now.
     std::optional<int64_t> Evaluate(const CExpression &expression, std::string &error) const;

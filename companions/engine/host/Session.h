@@ -61,7 +61,7 @@ public:
 
     // Values.
     virtual bool Evaluate(const std::string &expression, int format, std::string &text, std::string &error) = 0;
-    virtual bool Set(const std::string &name, int value) = 0;
+    virtual bool Set(const std::string &name, int value, std::string &error) = 0;
     virtual std::optional<int> GetReg(int address) = 0;
     virtual bool SetReg(int address, int value) = 0;
     virtual std::optional<uint16_t> RegNameToAddr(const std::string &name) = 0;
@@ -83,16 +83,16 @@ public:
     virtual std::optional<std::string> ProfileList() = 0;  // text for dbgProfileList
 
     // Places to stop at. Ids are at least 0 and shared by breakpoints and watchpoints.
-    virtual std::optional<int> SetBreakpoint(const std::string &file, int line) = 0;
+    virtual std::optional<int> SetBreakpoint(const std::string &file, int line, std::string &error) = 0;
     virtual bool DeleteBreakpoint(int id) = 0;
     struct Conditions {
         std::string condition;
         int conditionType = 0, hitValue = 0, hitType = 0;
     };
-    virtual bool SetBreakpointConditions(int id, const Conditions &conditions) = 0;
+    virtual bool SetBreakpointConditions(int id, const Conditions &conditions, std::string &error) = 0;
     virtual std::optional<int> BreakpointHitCount(int id) = 0;
     virtual bool ResetBreakpointHitCount(int id) = 0;
-    virtual std::optional<int> SetWatchpoint(const std::string &name) = 0;
+    virtual std::optional<int> SetWatchpoint(const std::string &name, std::string &error) = 0;
     virtual bool DeleteWatchpoint(int id) = 0;
 
     // For plug-ins. A watched register or pin is told by each change, not at once.

@@ -25,9 +25,22 @@ bool Evaluate(CSession &session, Reader &in, Writer &out) {
     return good;
 }
 
-bool Set(CSession &session, Reader &in, Writer &) {
+// What a call has given; else why it gave nothing.
+bool PutNumberOr(Writer &out, const std::optional<int> &value, const std::string &error) {
+    value ? out.PutNumber(*value) : out.PutText(error);
+    return value.has_value();
+}
+
+bool DoneOr(Writer &out, bool done, const std::string &error) {
+    if (!done) out.PutText(error);
+    return done;
+}
+
+bool Set(CSession &session, Reader &in, Writer &out) {
     const std::string name = in.Text();
-    return session.Set(name, in.Int());
+    std::string error;
+    const bool done = session.Set(name, in.Int(), error);
+    return DoneOr(out, done, error);
 }
 
 bool GetReg(CSession &session, Reader &in, Writer &out) {
@@ -103,21 +116,25 @@ bool ProfileList(CSession &session, Reader &, Writer &out) {
 
 bool SetBreakpoint(CSession &session, Reader &in, Writer &out) {
     const std::string file = in.Text();
-    return PutNumber(out, session.SetBreakpoint(file, in.Int()));
+    std::string error;
+    const auto id = session.SetBreakpoint(file, in.Int(), error);
+    return PutNumberOr(out, id, error);
 }
 
 bool DeleteBreakpoint(CSession &session, Reader &in, Writer &) {
     return session.DeleteBreakpoint(in.Int());
 }
 
-bool SetConditions(CSession &session, Reader &in, Writer &) {
+bool SetConditions(CSession &session, Reader &in, Writer &out) {
     const int id = in.Int();
     CSession::Conditions conditions;
     conditions.condition = in.Text();
     conditions.conditionType = in.Int();
     conditions.hitValue = in.Int();
     conditions.hitType = in.Int();
-    return session.SetBreakpointConditions(id, conditions);
+    std::string error;
+    const bool done = session.SetBreakpointConditions(id, conditions, error);
+    return DoneOr(out, done, error);
 }
 
 bool HitCount(CSession &session, Reader &in, Writer &out) {
@@ -127,7 +144,9 @@ bool ResetHitCount(CSession &session, Reader &in, Writer &) {
     return session.ResetBreakpointHitCount(in.Int());
 }
 bool SetWatchpoint(CSession &session, Reader &in, Writer &out) {
-    return PutNumber(out, session.SetWatchpoint(in.Text()));
+    std::string error;
+    const auto id = session.SetWatchpoint(in.Text(), error);
+    return PutNumberOr(out, id, error);
 }
 bool DeleteWatchpoint(CSession &session, Reader &in, Writer &) {
     return session.DeleteWatchpoint(in.Int());

@@ -6,6 +6,7 @@
 
 #include "StopSettings.h"
 #include "debugger/EngineApi.h"
+#include "platform/NativePath.h"
 #include "readers/ResultText.h"
 
 namespace {
@@ -52,6 +53,11 @@ bool CSimSession::Load(const std::string &path, std::string &error) {
     return true;
 }
 
+bool CSimSession::IsLoaded(std::string &error) const {
+    if (!loaded_) error = "No program is loaded.";
+    return loaded_ != nullptr;
+}
+
 // --- The run ---
 
 bool CSimSession::Reset(bool powerOn) {
@@ -79,10 +85,7 @@ int64_t CSimSession::Cycles() { return loaded_ ? static_cast<int64_t>(loaded_->c
 // --- Values ---
 
 bool CSimSession::Evaluate(const std::string &expression, int format, std::string &text, std::string &error) {
-    if (!loaded_) {
-        error = "No program is loaded.";
-        return false;
-    }
+    if (!IsLoaded(error)) return false;
     if (expression == "_registers") {
         if (!registers_) {
             error = "There is no description of the registers of the " + type_ + ".";
@@ -98,7 +101,9 @@ bool CSimSession::Evaluate(const std::string &expression, int format, std::strin
     return value.has_value();
 }
 
-bool CSimSession::Set(const std::string &name, int value) { return loaded_ && loaded_->names.Set(name, value); }
+bool CSimSession::Set(const std::string &name, int value, std::string &error) {
+    return IsLoaded(error) && loaded_->names.Set(name, value, error);
+}
 
 std::optional<int> CSimSession::GetReg(int address) {
     auto value = address < 0 ? std::nullopt : chip_->ReadRegister(static_cast<uint32_t>(address));
@@ -196,20 +201,23 @@ std::optional<std::string> CSimSession::ProfileList() {
 
 // --- Places to stop at ---
 
-std::optional<int> CSimSession::SetBreakpoint(const std::string &file, int line) {
-    if (!loaded_) return std::nullopt;
+std::optional<int> CSimSession::SetBreakpoint(const std::string &file, int line, std::string &error) {
+    if (!IsLoaded(error)) return std::nullopt;
     auto id = loaded_->breakpoints.Set(nextId_, file, line, loaded_->map.AddressesOf(file, line));
     if (id == nextId_) nextId_++;
+    if (!id && !loaded_->map.Image().FindLine(file, 0))
+        error = "The program has no code of \"" + DisplayPath(file) + "\".";
+    else if (!id)
+        error = "Line " + std::to_string(line) + " of \"" + DisplayPath(file) + "\" has no code.";
     return id;
 }
 
 bool CSimSession::DeleteBreakpoint(int id) { return loaded_ && loaded_->breakpoints.Delete(id); }
 
-bool CSimSession::SetBreakpointConditions(int id, const Conditions &conditions) {
-    std::string error;
-    return loaded_ && loaded_->breakpoints.SetRule(
-                          id, {conditions.condition, conditions.conditionType, conditions.hitValue, conditions.hitType},
-                          error);
+bool CSimSession::SetBreakpointConditions(int id, const Conditions &conditions, std::string &error) {
+    const BreakpointRule rule = {conditions.condition, conditions.conditionType, conditions.hitValue,
+                                 conditions.hitType};
+    return IsLoaded(error) && loaded_->breakpoints.SetRule(id, rule, error);
 }
 
 std::optional<int> CSimSession::BreakpointHitCount(int id) {
@@ -218,8 +226,8 @@ std::optional<int> CSimSession::BreakpointHitCount(int id) {
 
 bool CSimSession::ResetBreakpointHitCount(int id) { return loaded_ && loaded_->breakpoints.ResetHitCount(id); }
 
-std::optional<int> CSimSession::SetWatchpoint(const std::string &name) {
-    auto id = loaded_ ? loaded_->watchpoints.Set(nextId_, name) : std::nullopt;
+std::optional<int> CSimSession::SetWatchpoint(const std::string &name, std::string &error) {
+    auto id = IsLoaded(error) ? loaded_->watchpoints.Set(nextId_, name, error) : std::nullopt;
     if (id == nextId_) nextId_++;
     return id;
 }

@@ -29,7 +29,7 @@ public:
     int64_t Cycles() override;
 
     bool Evaluate(const std::string &expression, int format, std::string &text, std::string &error) override;
-    bool Set(const std::string &name, int value) override;
+    bool Set(const std::string &name, int value, std::string &error) override;
     std::optional<int> GetReg(int address) override;
     bool SetReg(int address, int value) override;
     std::optional<uint16_t> RegNameToAddr(const std::string &name) override;
@@ -46,12 +46,12 @@ public:
     std::optional<std::string> FrameList() override;
     std::optional<std::string> ProfileList() override;  // counts from the first such call on
 
-    std::optional<int> SetBreakpoint(const std::string &file, int line) override;
+    std::optional<int> SetBreakpoint(const std::string &file, int line, std::string &error) override;
     bool DeleteBreakpoint(int id) override;
-    bool SetBreakpointConditions(int id, const Conditions &conditions) override;
+    bool SetBreakpointConditions(int id, const Conditions &conditions, std::string &error) override;
     std::optional<int> BreakpointHitCount(int id) override;
     bool ResetBreakpointHitCount(int id) override;
-    std::optional<int> SetWatchpoint(const std::string &name) override;
+    std::optional<int> SetWatchpoint(const std::string &name, std::string &error) override;
     bool DeleteWatchpoint(int id) override;
 
     bool WatchRegister(int handle, bool on) override;
@@ -79,6 +79,7 @@ private:
     };
 
     bool IsInEeprom(int address, size_t count) const;
+    bool IsLoaded(std::string &error) const;  // gives words when not
 
     std::string type_;
     std::unique_ptr<CSimChip> chip_;

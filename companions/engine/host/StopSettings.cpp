@@ -72,13 +72,13 @@ void PutStops(const StopSettings &settings, CBreakpoints &breakpoints, CWatchpoi
             gone.push_back(id);
     }
     for (int id : gone) breakpoints.Delete(id);
+    std::string error;
     for (const StopSettings::Breakpoint &breakpoint : settings.breakpoints) {
-        std::string error;
         breakpoints.Set(breakpoint.id, breakpoint.file, breakpoint.line, breakpoint.addresses);
         breakpoints.SetRule(breakpoint.id, breakpoint.rule, error);
     }
     watchpoints.Clear();
-    for (const auto &[id, name] : settings.watchpoints) watchpoints.Set(id, name);
+    for (const auto &[id, name] : settings.watchpoints) watchpoints.Set(id, name, error);
 }
 
 std::string WriteStopSettings(const StopSettings &settings) {

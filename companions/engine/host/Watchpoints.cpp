@@ -2,14 +2,18 @@
 
 #include <algorithm>
 
-std::optional<int> CWatchpoints::Set(int id, const std::string &name) {
+std::optional<int> CWatchpoints::Set(int id, const std::string &name, std::string &error) {
     std::vector<uint32_t> bytes = names_.Bytes(name);
-    if (bytes.empty()) return std::nullopt;
+    if (bytes.empty()) {
+        error = names_.WhyNoBytes(name);
+        return std::nullopt;
+    }
     for (const auto &[there, entry] : entries_)
         if (entry.bytes == bytes) return there;
     bool all = std::all_of(bytes.begin(), bytes.end(), [&](uint32_t byte) { return chip_.WatchWrites(byte, true); });
     if (!all) {
         Release(bytes);
+        error = "The chip can't watch \"" + name + "\".";
         return std::nullopt;
     }
     entries_.emplace(id, Entry{name, std::move(bytes)});

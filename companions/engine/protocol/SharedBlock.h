@@ -25,7 +25,7 @@ enum class Request : uint32_t {
     stop,           //
     stepBack,       //
     evaluate,       // text expression, number format; text value; else text error
-    set,            // text name, number value
+    set,            // text name, number value; else text error
     getReg,         // number address; number value
     setReg,         // number address, number value
     regNameToAddr,  // text name; number address
@@ -40,12 +40,12 @@ enum class Request : uint32_t {
     addrToPos,      // number address; text file, number line
     frameList,      // ; text
     profileList,    // ; text
-    setBreakpoint,  // text file, number line; number id
+    setBreakpoint,  // text file, number line; number id, else text error
     deleteBreakpoint,
-    setConditions,  // number id, text condition, number its type, number hit value, number hit type
+    setConditions,  // number id, text condition, number its type, number hit value, number hit type; else text error
     hitCount,       // number id; number count
     resetHitCount,  // number id
-    setWatchpoint,  // text name; number id
+    setWatchpoint,  // text name; number id, else text error
     deleteWatchpoint,
     watchRegister,  // number handle, number on
     connectPin,     // text pin; number connection
