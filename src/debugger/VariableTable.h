@@ -30,6 +30,10 @@ public:
     // Adds the lines "name hexaddress" of an assembler's listing, as variables of one byte.
     void ReadSymbolTable(const std::string &file);
 
+    // The same for the text of such a file.
+    void AddOrgBlock(std::string_view text, const OrgReader &reader);
+    void AddSymbolTable(std::string_view text);
+
     const COspreyVar *Find(std::string_view name) const;  // the first of that exact name; null without one
     const std::vector<COspreyVar> &Variables() const { return variables_; }  // in the order of reading
 
