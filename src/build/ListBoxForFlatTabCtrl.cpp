@@ -163,6 +163,13 @@ void CListBoxForFlatTabCtrl::DrawText(QPainter &painter, const Row &row) const {
     painter.drawText(QPointF(row.left, row.area.top() + QFontMetricsF(font()).ascent()), row.text);
 }
 
+bool CListBoxForFlatTabCtrl::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride && selected_ >= 0 &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy))
+        event->accept();
+    return QAbstractScrollArea::event(event);
+}
+
 void CListBoxForFlatTabCtrl::keyPressEvent(QKeyEvent *event) {
     if (event->matches(QKeySequence::Copy) && selected_ >= 0) {
         QApplication::clipboard()->setText(ToQString(GetText(selected_)));

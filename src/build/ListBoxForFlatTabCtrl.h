@@ -43,6 +43,7 @@ protected:
 
     bool IsDark() const;  // the list's background is darker than its text
 
+    bool event(QEvent *event) override;  // keeps the key for copying from the frame's command
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
