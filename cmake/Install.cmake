@@ -11,6 +11,7 @@ install(CODE "
     file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
     file(CREATE_LINK ../${program_dir}/thornwell-ide \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/thornwell-ide\" SYMBOLIC)")
 install(FILES src/project/ToolsuiteApi.h src/project/ConverterApi.h DESTINATION include/thornwell-ide/project)
+install(FILES src/debugger/EngineApi.h DESTINATION include/thornwell-ide/debugger)
 install(FILES src/framework/LanguageApi.h DESTINATION include/thornwell-ide/framework)
 install(FILES src/editor/SciLexerApi.h DESTINATION include/thornwell-ide/editor)
 install(DIRECTORY src/platform/ DESTINATION include/thornwell-ide/platform FILES_MATCHING PATTERN "*.h")

@@ -72,6 +72,7 @@ CIDEApp::CIDEApp(std::string commandLine) : commandLine_(std::move(commandLine))
 }
 
 CIDEApp::~CIDEApp() {
+    debugger.DLLCleanup();  // its thread uses the session and the frame
     redirect.Stop();
     workspace.reset();
     FreeToolsuites();
@@ -251,7 +252,10 @@ int CIDEApp::WorkspaceKind() const { return workspace ? workspace->Kind() : kWor
 
 void CIDEApp::ReplayCommand(int twinId, const std::function<void()> &twin) {
     ReplayAfterStop({[this] { return session.IsOpen(); }, [this] { return session.IsRunning(); },
-                     [this] { session.Stop(); },
+                     [this] {
+                         debugger.Call(&EngineCalls::DbgPerformanceProfile, 0);
+                         session.Stop();
+                     },
                      [this] { return frame_->AskUser(LoadText(IDS_STOP_DEBUGGING)) == IDYES; },
                      [this] { session.End(); }, [this](DeferredCommand command) { session.Defer(command); }},
                     twinId, twin);

@@ -58,6 +58,8 @@ void CMainFrame::BeginStartup(std::vector<std::string> files) {
 void CMainFrame::OnTimer(int id) {
     if (id == kTimerTracker) {
         CIDEApp::Get().fileTracker.CheckTrackedFiles();
+    } else if (id == kTimerRun) {
+        CIDEApp::Get().session.OnTimer();
     } else if (id == kTimerStartup && !CIDEApp::Get().IsTipShown()) {
         KillTimer(kTimerStartup);
         if (startupTick_++ == 0)
@@ -100,6 +102,13 @@ void CMainFrame::MapMessages() {
     OnTextMessage(kMsgOutputTextHeap, [&app](std::string text) { app.messageList.OnOutputLine(text); });
     OnMessage(kMsgChildEnded, [&app](intptr_t, intptr_t) { app.messageList.OnChildEnded(); });
     OnMessage(kCommandMessage, [this](intptr_t id, intptr_t) { RunCommand(static_cast<int>(id)); });
+    OnMessage(kMsgTargetStopped, [&app](intptr_t, intptr_t) { app.session.OnTargetStopped(); });
+    OnTextMessage(kMsgTargetText, [&app](std::string text) { app.session.OnTargetText(text); });
+    OnMessage(kMsgTargetClear, [&app](intptr_t, intptr_t) { app.session.OnTargetClear(); });
+    OnMessage(kMsgTargetNote, [&app](intptr_t text, intptr_t) { app.AddOutputLine(LoadText(static_cast<int>(text))); });
+    OnMessage(kMsgShowClock, [&app](intptr_t, intptr_t) { app.session.ShowClock(); });
+    OnMessage(kMsgPluginsMoved, [&app](intptr_t, intptr_t) { app.session.FollowPlugins(); });
+    OnMessage(kMsgContinue, [&app](intptr_t, intptr_t) { app.debugCommands.Continue(); });
     OnMessage(kMsgPluginsFound, [this](intptr_t, intptr_t) { OnPluginsFound(); });
 }
 

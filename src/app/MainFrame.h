@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "debugger/DebugBars.h"
 #include "framework/FlatComboBox.h"
 #include "framework/MDIFrameWnd.h"
 #include "framework/StatusBar.h"
@@ -24,9 +25,16 @@ enum FrameMessage : unsigned {
     kMsgChildEnded = 1025,
     kMsgOutputTextHeap = 0x40a,   // text for the build list (1034)
     kMsgPluginsFound = 0x428,
+    kMsgTargetStopped = 0x460,    // a stop of the target waits to be taken
+    kMsgTargetText = 0x461,       // text of the target for the build list
+    kMsgTargetClear = 0x462,      // the target clears the build list
+    kMsgTargetNote = 0x463,       // id of a text
+    kMsgShowClock = 0x464,
+    kMsgPluginsMoved = 0x465,     // plug-in bars may have come or gone during a run
+    kMsgContinue = 1126,
 };
 
-enum FrameTimer { kTimerStartup = 2001, kTimerTracker = 2004 };
+enum FrameTimer { kTimerStartup = 2001, kTimerRun = 2002, kTimerTracker = 2004 };
 
 // Panes of the status bar. In the debug layout the target's time stands in front of pane 2, and the panes from there on
 // have numbers greater by one.
@@ -63,6 +71,7 @@ public:
     COutputBar &OutputBar() { return *outputBar_; }
     CWorkspaceBar &WorkspaceBar() { return *workspaceBar_; }
     CListBar &ListBar() { return *listBar_; }
+    struct DebugBars &DebugBars() { return debugBars_; }
 
     void RefreshTitle() { UpdateTitle(); }
     bool IsClosing() const { return closing_; }
@@ -89,6 +98,7 @@ public:
 
     void EnterDebugLayout();  // at the start of a debug run
     void LeaveDebugLayout();  // at its end; nothing without one
+    void OnRunEnded();        // closes the frame, if that has waited for the end of the run
 
 protected:
     void OnTimer(int id) override;
@@ -119,6 +129,7 @@ private:
     bool CreateBars();
     CXTToolBar *CreateToolBar(int id, int title, int resource);  // null when the language library has no such bar
     void PlaceBars();                                            // as at the very first start
+    void ShowStartIcon(const std::string &icon);
     void ShowDebugBars();                                        // as at the very first debug run
     void MapBarCommands();
     void ResetBars();
@@ -167,13 +178,8 @@ private:
     COutputBar *outputBar_ = nullptr;
     CWorkspaceBar *workspaceBar_ = nullptr;
     CXTStatusBar *statusBar_ = nullptr;
-    CDebugBar *registerBar_ = nullptr;
-    CDebugBar *watchBar_ = nullptr;
-    CDebugBar *ramBar_ = nullptr;
-    CDebugBar *eepromBar_ = nullptr;
-    CDebugBar *stackBar_ = nullptr;
+    struct DebugBars debugBars_;
     CListBar *listBar_ = nullptr;
-    CDebugBar *profileBar_ = nullptr;
     CXTToolBar *debugToolBar_ = nullptr;
     CXTToolBar *editToolBar_ = nullptr;
     CXTFlatComboBox *configBox_ = nullptr;
@@ -187,6 +193,7 @@ private:
     bool pluginsReady_ = false;
     bool debugLayout_ = false;
     bool closing_ = false;
+    bool closesBehindRun_ = false;  // a close waits for the target to stop
     bool recording_ = false;
     bool created_ = false, destroyed_ = false;
     bool tabsOn_ = true, tabsTop_ = true;

@@ -47,14 +47,14 @@ bool CMainFrame::CreateBars() {
     workspaceBar_ = new CWorkspaceBar(LoadText(IDS_BAR_WORKSPACE), this);
     statusBar_ = new CXTStatusBar(this, kPaneWidths);
     setStatusBar(statusBar_);
-    registerBar_ = new CRegisterBar(this);
-    watchBar_ = new CWatchBar(this);
-    ramBar_ = new CRamBar(this);
-    eepromBar_ = new CEepromBar(this);
-    stackBar_ = new CStackBar(this);
+    debugBars_.registers = new CRegisterBar(this);
+    debugBars_.watch = new CWatchBar(this);
+    debugBars_.ram = new CRamBar(this);
+    debugBars_.eeprom = new CEepromBar(this);
+    debugBars_.stack = new CStackBar(this);
     listBar_ = new CListBar(this);
     OfferCodeWindows(*listBar_);
-    profileBar_ = new CProfileBar(this);
+    debugBars_.profile = new CProfileBar(this);
     debugToolBar_ = CreateToolBar(kBarDebug, IDS_BAR_DEBUG, IDR_TOOLBAR_DEBUG);
     editToolBar_ = CreateToolBar(kBarEdit, IDS_BAR_EDIT, IDR_TOOLBAR_EDIT);
     if (!mainToolBar_ || !macroToolBar_ || !debugToolBar_ || !editToolBar_) return false;
@@ -88,30 +88,30 @@ void CMainFrame::PlaceBars() {
     dock(workspaceBar_, Qt::LeftDockWidgetArea);
     dock(outputBar_, Qt::BottomDockWidgetArea);
     dock(listBar_, Qt::BottomDockWidgetArea, outputBar_);
-    dock(registerBar_, Qt::RightDockWidgetArea);
-    dock(ramBar_, Qt::RightDockWidgetArea, registerBar_);
-    dock(eepromBar_, Qt::RightDockWidgetArea, ramBar_);
-    dock(watchBar_, Qt::RightDockWidgetArea);
-    dock(profileBar_, Qt::RightDockWidgetArea, watchBar_);
-    dock(stackBar_, Qt::BottomDockWidgetArea);
+    dock(debugBars_.registers, Qt::RightDockWidgetArea);
+    dock(debugBars_.ram, Qt::RightDockWidgetArea, debugBars_.registers);
+    dock(debugBars_.eeprom, Qt::RightDockWidgetArea, debugBars_.ram);
+    dock(debugBars_.watch, Qt::RightDockWidgetArea);
+    dock(debugBars_.profile, Qt::RightDockWidgetArea, debugBars_.watch);
+    dock(debugBars_.stack, Qt::BottomDockWidgetArea);
     for (CPluginBar *bar : pluginBars_) dock(bar, Qt::RightDockWidgetArea, bar == pluginBars_[0] ? nullptr : pluginBars_[0]);
 
     for (QWidget *bar : std::initializer_list<QWidget *>{mainToolBar_, buildToolBar_, editToolBar_, workspaceBar_,
                                                          outputBar_, statusBar_})
         bar->show();
-    for (QWidget *bar : std::initializer_list<QWidget *>{macroToolBar_, debugToolBar_, registerBar_, watchBar_, ramBar_,
-                                                         eepromBar_, stackBar_, listBar_, profileBar_})
+    for (QWidget *bar : std::initializer_list<QWidget *>{macroToolBar_, debugToolBar_, debugBars_.registers, debugBars_.watch, debugBars_.ram,
+                                                         debugBars_.eeprom, debugBars_.stack, listBar_, debugBars_.profile})
         bar->hide();
     for (CPluginBar *bar : pluginBars_) bar->hide();
 }
 
 void CMainFrame::ShowDebugBars() {
     editToolBar_->hide();
-    for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, registerBar_, watchBar_, listBar_, stackBar_})
-        bar->show();
-    for (CDockBar *bar : std::initializer_list<CDockBar *>{registerBar_, watchBar_, listBar_}) bar->raise();
-    resizeDocks({registerBar_, stackBar_}, {width() / 4, width() / 5}, Qt::Horizontal);
-    resizeDocks({registerBar_, watchBar_}, {height() / 2, height() / 4}, Qt::Vertical);
+    // Not the listing: while it shows, steps go by instructions.
+    for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, debugBars_.registers, debugBars_.watch, debugBars_.stack}) bar->show();
+    for (CDockBar *bar : std::initializer_list<CDockBar *>{debugBars_.registers, debugBars_.watch}) bar->raise();
+    resizeDocks({debugBars_.registers, debugBars_.stack}, {width() / 4, width() / 5}, Qt::Horizontal);
+    resizeDocks({debugBars_.registers, debugBars_.watch}, {height() / 2, height() / 4}, Qt::Vertical);
 }
 
 void CMainFrame::MapBarCommands() {
@@ -119,9 +119,9 @@ void CMainFrame::MapBarCommands() {
         int command;
         CDockBar *bar;
     } docks[] = {
-        {ID_VIEW_WORKSPACE_BAR, workspaceBar_}, {ID_VIEW_OUTPUT_BAR, outputBar_}, {ID_VIEW_REGISTER_BAR, registerBar_},
-        {ID_VIEW_WATCH_BAR, watchBar_},         {ID_VIEW_RAM_BAR, ramBar_},       {ID_VIEW_EEPROM_BAR, eepromBar_},
-        {ID_VIEW_STACK_BAR, stackBar_},         {ID_VIEW_LISTING_BAR, listBar_},  {ID_VIEW_PROFILE_BAR, profileBar_},
+        {ID_VIEW_WORKSPACE_BAR, workspaceBar_}, {ID_VIEW_OUTPUT_BAR, outputBar_}, {ID_VIEW_REGISTER_BAR, debugBars_.registers},
+        {ID_VIEW_WATCH_BAR, debugBars_.watch},         {ID_VIEW_RAM_BAR, debugBars_.ram},       {ID_VIEW_EEPROM_BAR, debugBars_.eeprom},
+        {ID_VIEW_STACK_BAR, debugBars_.stack},         {ID_VIEW_LISTING_BAR, listBar_},  {ID_VIEW_PROFILE_BAR, debugBars_.profile},
     };
     for (const auto &[command, bar] : docks)
         OnCommand(

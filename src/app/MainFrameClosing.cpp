@@ -43,13 +43,19 @@ void CMainFrame::closeEvent(QCloseEvent *event) {
     Destroy();
 }
 
+void CMainFrame::OnRunEnded() {
+    UpdateCommandUI();
+    if (std::exchange(closesBehindRun_, false)) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
 bool CMainFrame::CloseFrame() {
     CIDEApp &app = CIDEApp::Get();
     closing_ = true;
     const std::string project = app.GetActiveProjectPath();
-    if (app.session.IsOpen()) {
-        app.session.Stop();
-        app.session.End();
+    app.session.End();
+    if (app.session.IsOpen()) {  // it ends when its target has stopped
+        closesBehindRun_ = true;
+        return false;
     }
     if (app.workspace) app.workspace->Save();
     if (!app.CloseWorkspace()) closing_ = false;
@@ -59,8 +65,8 @@ bool CMainFrame::CloseFrame() {
     SaveBarState(kEditBars);
     SaveWindow();
     if (!project.empty()) {
-        app.bookmarks.Store(project);
-        app.breakpoints.Store(project);
+        app.bookmarks.Save(project);
+        app.breakpoints.Save(project);
     }
     app.macro.Store();
     app.debugger.DLLCleanup();

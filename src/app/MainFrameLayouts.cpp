@@ -1,4 +1,5 @@
 // The layouts of the bars: the one of editing, the one of debugging, and the one to go back to.
+#include "app/CommandIds.h"
 #include "app/FrameLayouts.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -31,14 +32,23 @@ void CMainFrame::EnterDebugLayout() {
     if (std::exchange(debugLayout_, true)) return;
     SaveBarState(kEditBars);
     LoadBarState(kDebugBars);
+    debugToolBar_->show();
+    ShowStartIcon("debug-end");
     statusBar_->InsertPane(kPaneDebugTime, kDebugTimeWidth);
 }
 
 void CMainFrame::LeaveDebugLayout() {
     if (!std::exchange(debugLayout_, false)) return;
+    debugToolBar_->hide();
     SaveBarState(kDebugBars);
     LoadBarState(kEditBars);
+    ShowStartIcon("debug-start");
     statusBar_->RemovePane(kPaneDebugTime);
+}
+
+// The button starts a run, and ends it.
+void CMainFrame::ShowStartIcon(const std::string &icon) {
+    for (CXTToolBar *bar : {mainToolBar_, buildToolBar_, editToolBar_, debugToolBar_}) bar->SetButtonIcon(ID_DEBUG_START, icon);
 }
 
 void CMainFrame::ResetBars() {

@@ -52,7 +52,7 @@ public:
     // Calls `entry` for each function, in the engine's order. False, perhaps behind some calls, when it can't be read.
     bool GetProfileList(const std::function<void(const std::string &name, uint32_t count)> &entry) const;
 
-    bool IsRunOpen() const { return thread_.joinable(); }  // the engine has a run of ours
+    CDebugNotices *Notices() const { return notices_.get(); }  // of the last run; null before the first
 
     // Calls an entry point as it stands: debugger.Call(&EngineCalls::DbgStop). kDbgFailed when it isn't there.
     template <typename Fn, typename... Arguments>

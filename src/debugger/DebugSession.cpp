@@ -1,15 +1,216 @@
 #include "debugger/DebugSession.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
-void CDebugSession::Stop() { running_ = false; }
+#include "app/CommandIds.h"
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/StringIds.h"
+#include "debugger/BreakpointArming.h"
+#include "debugger/DebugBar.h"
+#include "debugger/DebugBars.h"
+#include "debugger/DebugNotices.h"
+#include "debugger/DebugViews.h"
+#include "editor/ListBar.h"
+#include "editor/ListingView.h"
+#include "framework/Language.h"
+#include "navigation/OpenSource.h"
+#include "plugins/PluginRun.h"
 
-void CDebugSession::End() {
-    running_ = false;
-    open_ = false;
+namespace {
+
+constexpr const char *kContinue = "Continue";
+
+CMainFrame &Frame() { return *CIDEApp::Get().GetMainFrame(); }
+CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+void TellRefusal(const char *word) { CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {word})); }
+
+}  // namespace
+
+// --- Commands ---
+
+bool CDebugSession::Go(const RunCommand &command) {
+    if (!open_ || running_) return false;
+    if (command.keepsStates) KeepPluginStates();
+    running_ = true;
+    if (Debugger().Call(command.entry) != kDbgOk) {
+        running_ = false;
+        TellRefusal(command.word);
+        return false;
+    }
+    EnterRunning(kRunInterval);
+    return true;
 }
 
-void CDebugSession::PostDeferred(CMessageTarget &frame) {
+void CDebugSession::Stop() {
+    if (!open_ || !running_) return;
+    if (Debugger().Call(&EngineCalls::DbgStop) == kDbgOk) {
+        if (running_) EnterRunning(kStopInterval);
+        return;
+    }
+    // It may have come to a stop by itself meanwhile.
+    if (running_) TellRefusal("Stop");
+    const std::lock_guard guard(deferring_);
+    if (!running_) PostDeferred();
+}
+
+void CDebugSession::Defer(const DeferredCommand &command) {
+    const std::lock_guard guard(deferring_);
+    deferred_ = command;
+}
+
+void CDebugSession::OnTargetStands() {
+    const std::lock_guard guard(deferring_);
+    running_ = false;
+    PostDeferred();
+}
+
+// With `deferring_` held.
+void CDebugSession::PostDeferred() {
     const DeferredCommand command = std::exchange(deferred_, {});
-    if (command.message) frame.PostMessage(command.message, command.id, command.parameter);
+    if (command.message) Frame().PostMessage(command.message, command.id, command.parameter);
+}
+
+void CDebugSession::ToggleProfiling() {
+    profiling_ = !profiling_;
+    if (profiling_ && !Frame().DebugBars().profile->IsShowing()) Frame().DebugBars().profile->ShowBar();
+}
+
+void CDebugSession::ToggleSnapshot() {
+    snapshot_ = !snapshot_;
+    if (snapshot_ && running_) RefreshWhileRunning();
+}
+
+void CDebugSession::FollowPlugins() const {
+    if (!open_) return;
+    if (Debugger().Call(&EngineCalls::DbgPerformanceProfile, IsAnyPluginShown() ? 1 : 0) != kDbgOk)
+        CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_PROFILE_REFUSED));
+}
+
+// --- The stop notice ---
+
+void CDebugSession::OnTargetStopped() {
+    CDebugNotices *const notices = Debugger().Notices();
+    const std::optional<StopRecord> record = notices ? notices->TakeStop() : std::nullopt;
+    if (!record || !open_) return;
+    if (!running_) Frame().KillTimer(kTimerRun);
+    if (record->reason == kDbgPlace) {
+        OpenSourceAtLine(record->file, record->line, true);
+        return;
+    }
+    RefreshValueTips();
+    if (startMode_ == StartMode::started) RemoveRunToCursorMarker();
+    OnStop(*record);
+}
+
+void CDebugSession::OnStop(const StopRecord &record) {
+    const StartMode mode = std::exchange(startMode_, StartMode::started);
+    if (mode == StartMode::runAtStart) {
+        RunOn();
+        return;
+    }
+    if (mode == StartMode::stopAtMain && debugFromMain_ && RunToMain()) return;
+    DropMainBreakpoint();
+    ShowStop(record);
+}
+
+bool CDebugSession::RunOn() {
+    running_ = true;
+    if (!Debugger().Run()) {
+        running_ = false;
+        TellRefusal(kContinue);
+        return false;
+    }
+    EnterRunning(kRunInterval);
+    return true;
+}
+
+// True when that is all that is to be done at this stop.
+bool CDebugSession::RunToMain() {
+    CIDEApp &app = CIDEApp::Get();
+    const auto &functions = app.symbols.Maps().Functions;
+    const auto main = functions.find("main");
+    if (main == functions.end()) return false;
+    const std::string file = main->second.file;
+    int address = 0, line = 0;
+    // Its line counts from 1: the first line behind that of the name.
+    if (!Debugger().PosToAddr(file, main->second.line, address, line) ||
+        !Debugger().SetBreakpoint(file, line, mainBreakpointId_)) {
+        mainBreakpointId_ = -1;
+        return false;
+    }
+    const auto isMain = [this](const CMarker &marker) { return marker.id == mainBreakpointId_; };
+    if (std::ranges::any_of(app.breakpoints.Markers(), isMain)) mainBreakpointId_ = -1;  // the user's own stays
+    RunOn();
+    return true;
+}
+
+void CDebugSession::DropMainBreakpoint() {
+    const int id = std::exchange(mainBreakpointId_, -1);
+    if (id == -1 || Debugger().Call(&EngineCalls::DbgDeleteBreakpoint, id) == kDbgOk) return;
+    CIDEApp::Get().AddOutputLine(LoadText(IDS_MAIN_NOT_DELETED));
+}
+
+void CDebugSession::ShowStop(const StopRecord &record) {
+    CIDEApp &app = CIDEApp::Get();
+    CListBar &listBar = Frame().ListBar();
+    if (!record.file.empty()) {
+        OpenSourceAtLine(record.file, record.line, true);
+    } else {
+        if (!listBar.IsShowing()) app.AddOutputLine(LoadText(IDS_DEBUG_NO_SOURCE));
+        RemoveExecutionMarks();
+    }
+    app.editorProperties.ApplyExecutionColour(listBar.ListingView().Sci());
+    listBar.ListingView().ShowListingPosition();
+    Frame().DebugBars().RefreshShown();
+    ShowClock();
+}
+
+// --- While the target runs ---
+
+void CDebugSession::EnterRunning(int interval) {
+    Frame().SetTimer(kTimerRun, interval);
+    ShowAsRunning();
+}
+
+void CDebugSession::OnTimer() {
+    ShowClock();
+    DebugBars &bars = Frame().DebugBars();
+    if (bars.profile->IsShowing()) bars.profile->Refresh();
+    if (snapshot_ && open_ && running_) RefreshWhileRunning();
+}
+
+void CDebugSession::RefreshWhileRunning() {
+    CIDEApp &app = CIDEApp::Get();
+    Frame().ListBar().ListingView().ShowListingPosition();
+    Frame().DebugBars().RefreshShownValues();
+    std::string text, file;
+    int line = 0;
+    if (!app.debugger.Evaluate("$pc", text, 0, nullptr)) return;
+    if (app.debugger.AddrToPos(static_cast<int>(std::strtol(text.c_str(), nullptr, 10)), file, line))
+        OpenSourceAtLine(file, line, true);
+}
+
+void CDebugSession::OnTargetText(const std::string &text) {
+    CIDEApp::Get().AddOutputLine(text);
+    if (CDebugNotices *notices = Debugger().Notices()) notices->OnTextShown();
+}
+
+void CDebugSession::OnTargetClear() {
+    CIDEApp::Get().AddOutputLine(nullptr);
+    if (CDebugNotices *notices = Debugger().Notices()) notices->OnTextShown();
+}
+
+void CDebugSession::ShowClock() const {
+    if (!open_) return;
+    const ClockText text = ChooseClockText(clock_.CurrentTick());
+    Frame().SetStatusText(kPaneDebugTime, LoadText(text.text, {std::to_string(text.number)}));
+}
+
+bool CDebugSession::TakeFirstPosition() { return std::exchange(firstPosition_, false); }
+
+void CDebugSession::ClearViews() {
+    if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->DebugBars().Clear();
 }

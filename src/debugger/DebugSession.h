@@ -1,25 +1,100 @@
-// The state of a debug session as every other subsystem sees it, and the command that waits for its target to stop.
+// The state machine of a debug run: from the start of the engine for the active project to its end.
+//
+// A run is starting until the first stop is told, then stopped or running. `running` is set before a command reaches the
+// engine and cleared on the engine's thread at the stop; all else is the main thread's.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <string>
+
+#include "debugger/EngineApi.h"
+#include "debugger/RunClock.h"
 #include "framework/CommandReplay.h"
 #include "framework/MessageTarget.h"
 
-// Main thread.
+class CProject;
+struct EngineCalls;
+struct StopRecord;
+
+// How the next stop notice is treated.
+enum class StartMode : int16_t { started = -1, runAtStart = 0, stopAtMain = 1 };
+
+// A command to the engine that sets the target going.
+struct RunCommand {
+    const char *word;  // in the message of a refusal
+    DbgCommandFn *EngineCalls::*entry;
+    bool keepsStates = true;  // of the plug-ins, before it
+};
+
 class CDebugSession {
 public:
-    bool IsOpen() const { return open_; }        // a session exists
-    bool IsRunning() const { return running_; }  // its target runs
+    bool IsOpen() const { return open_; }        // a run exists (`debugging`)
+    bool IsRunning() const { return running_; }  // its target runs; any thread
+    CRunClock &Clock() { return clock_; }
 
-    void Stop();  // asks a running target to stop
-    void End();   // ends the session; nothing without one
+    // Starts a run of the active project. False, with the reason in the build list and all as it was, without one.
+    bool Start(StartMode mode);
+    bool Go(const RunCommand &command);  // false, with a line in the build list, when the engine refuses
+    void Stop();                         // asks a running target to stop
 
-    void Defer(const DeferredCommand &command) { deferred_ = command; }
-    void PostDeferred(CMessageTarget &frame);  // the target has stopped: post the waiting command, once
+    // Ends the run: at once when the target stands, else behind the stop that it asks for.
+    void End();
+    void EndAtOnce();  // also of a target that runs
 
-    void ClearViews() {}  // memory, watch and profile views show another target from now on
+    void Defer(const DeferredCommand &command);
+    void OnTargetStands();  // the engine's thread, behind the notice: the target counts as standing
+
+    // Messages and the timer of the frame.
+    void OnTargetStopped();
+    void OnTimer();
+    void OnTargetText(const std::string &text);
+    void OnTargetClear();
+    void ShowClock() const;
+    void FollowPlugins() const;  // tells the engine whether plug-ins want to hear of each instruction
+
+    bool IsProfiling() const { return profiling_; }
+    bool IsSnapshotOn() const { return snapshot_; }
+    void ToggleProfiling();
+    void ToggleSnapshot();
+
+    // The first place of a run that is shown is shown in the window state of the last run. True once a run.
+    bool TakeFirstPosition();
+
+    void ClearViews();  // memory, watch and profile views show another target from now on
 
 private:
+    static constexpr int kRunInterval = 500;  // milliseconds between refreshes of a run
+    static constexpr int kStopInterval = 100;
+
+    void PrepareStart();
+    bool StartEngine(CProject &project);
+    void PrepareViews();
+    void AwaitFirstStop() const;
+
+    void OnStop(const StopRecord &record);
+    bool RunOn();
+    bool RunToMain();
+    void DropMainBreakpoint();
+    void ShowStop(const StopRecord &record);
+    void EnterRunning(int interval);
+    void RefreshWhileRunning();
+
+    void Finish();
+    void RestoreViews();
+    void PostDeferred();
+
     bool open_ = false;
-    bool running_ = false;
+    bool ending_ = false;
+    std::atomic<bool> running_ = false;
+    std::mutex deferring_;
     DeferredCommand deferred_;
+    CRunClock clock_;
+
+    StartMode startMode_ = StartMode::started;
+    bool debugFromMain_ = true;
+    bool firstPosition_ = false;
+    bool profiling_ = false, snapshot_ = false;
+    int mainBreakpointId_ = -1;
 };

@@ -72,6 +72,10 @@ using DbgSetInstCallBackFn = int(DbgInstFn *fn, void *user);
 using DbgRemoveInstCallBackFn = int(DbgInstFn *fn, void *user);
 using DbgPerformanceProfileFn = int(int on);
 
+// The chip's oscillator in Hz, from the load on and while the target runs too; sets the length of what the chip times by
+// itself, such as the watchdog.
+using DbgSetClkRateFn = int(int hertz);
+
 // Accepted (0) or refused; the stop comes as a callback: DbgReset, DbgPowerOnReset, DbgRun, DbgStop, DbgStepInto,
 // DbgStepIntoInstr, DbgStepOver, DbgStepOverInstr, DbgStepOut, DbgStepBack. All but DbgStop are refused while the target
 // runs, and DbgStop while it doesn't. The target runs until the stop is told.
@@ -123,15 +127,33 @@ using DbgResetBreakpointHitCountFn = int(int id);
 using DbgSetWatchpointFn = int(const char *name, int *id);
 using DbgDeleteWatchpointFn = int(int id);
 
-// For plug-ins. A pin is named ("RB0", "portb0"); a connection is one side's wire to it, with a voltage behind a
-// resistance.
+// The rate of the chip's oscillator, 1,000 to 1,000,000,000 hertz, from DbgLoadFile on; 20 MHz when never set. By it the
+// chip has what takes real time, as its watchdog, in cycles. Resets and steps back leave it. A chip that has chosen an
+// inner oscillator, by its configuration or OSCCON, runs at that one's rate, if the simulator knows it.
+using DbgSetClkRateFn = int(int hertz);
+
+// For plug-ins.
+//
+// Change callbacks: with what the register or pin has come to, behind the instruction that has changed it, and as well
+// when a call, a reset or a step back has. A value that has been there for less than an instruction isn't told.
+// With a register's callback set the target runs slower.
+//
+// A pin is named "RB0" or "portb0", "GP3" or "gpio3", "MCLR", or by what it serves as at the time ("an0"), without regard
+// to case. A connection is one side's wire to it: volts against ground, behind a resistance in ohms. It carries nothing
+// until one of the two is set; then it has 0 V and 1,000 ohms as long as the other one isn't. 0 ohms is a firm hold, an
+// infinite resistance lets go, a negative one is refused. Any number of connections may be on a pin: its voltage is what
+// they and the chip's own side, an output of some 150 ohms or a weak pull-up, make of it together. An input reads its
+// level off that voltage, and analog inputs measure it. What is released floats. MCLR is pulled up weakly on the board.
+//
+// A connection, from 1 on, is also the pin's handle for the voltage calls. It stays as it is, with its volts and ohms,
+// through resets and steps back, and its number isn't given again.
 using DbgRegChangeFn = void(int handle, int value, void *user);
 using DbgRegChangeCallBackFn = int(int handle, DbgRegChangeFn *fn, void *user);  // DbgAdd..., DbgRemove...
 using DbgMakeConnectionToPinFn = int(const char *pin, int *connection);
 using DbgReleaseConnectionFn = int(int connection);
 using DbgSetConnectionVFn = int(int connection, double volts);
 using DbgSetConnectionRFn = int(int connection, double ohms);
-using DbgGetPinVFn = int(int pin, double *volts);  // the pin by its connection
+using DbgGetPinVFn = int(int pin, double *volts);  // the pin by its connection; also while it runs
 using DbgPinVChangeFn = void(int pin, double volts, void *user);
 using DbgPinVChangeCallBackFn = int(int pin, DbgPinVChangeFn *fn, void *user);  // DbgAdd..., DbgRemove...
 using DbgGetClkFn = int(int64_t *cycles);

@@ -1,5 +1,7 @@
 #include "debugger/ValueFormat.h"
 
+#include <charconv>
+
 #include <cinttypes>
 #include <cstdio>
 
@@ -38,4 +40,23 @@ std::string FormatValue(int64_t value, int format) {
         default:
             return std::to_string(value);
     }
+}
+
+std::optional<int64_t> NumberOfAnswer(std::string_view text, int format) {
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    int base = 10;
+    if (text.starts_with("0x") || text.starts_with("0X")) {
+        base = 16;
+        text.remove_prefix(2);
+    } else if (format == kOctal && text.starts_with('0')) {
+        base = 8;
+    } else if (format == kBinary && text.size() % 8 == 0 && text.find_first_not_of("01") == text.npos) {
+        base = 2;
+    }
+    uint64_t number = 0;
+    const char *const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, base);
+    if (error != std::errc() || stop != end) return {};
+    return static_cast<int64_t>(negative ? 0 - number : number);
 }

@@ -201,6 +201,16 @@ void CEditorProperties::ApplyExecutionColour(const CSciWindow &window) const {
     window.Send(SCI_MARKERSETBACK, 0, Colour(Row(CStyle::kExecutionLine).backColour));
 }
 
+void CEditorProperties::ApplyRunningColour(const CSciWindow &window) const {
+    const uint32_t mark = Row(CStyle::kExecutionLine).backColour, text = Row(kWhitespace).backColour;
+    uint32_t between = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const int a = mark >> shift & 0xFF, b = text >> shift & 0xFF;
+        between |= static_cast<uint32_t>(a + (b - a) / 2) << shift;
+    }
+    window.Send(SCI_MARKERSETBACK, 0, Colour(between));
+}
+
 void CEditorProperties::ApplyPredefinedStyles(const CSciWindow &window) const {
     const auto back = Colour(Row(kWhitespace).backColour);
     window.Send(SCI_STYLESETFORE, STYLE_LINENUMBER, 0);

@@ -29,6 +29,7 @@ public:
     // Pushes everything into one component window. `lineCount` decides how wide the line numbers are.
     void ApplyProperties(const CSciWindow &window, int lineCount) const;
     void ApplyExecutionColour(const CSciWindow &window) const;
+    void ApplyRunningColour(const CSciWindow &window) const;  // of the execution mark while the target runs
 
     // Pixels that the line numbers of a text of `lineCount` lines need.
     static int LineNumberWidth(const CSciWindow &window, int lineCount);

@@ -76,6 +76,10 @@ QAction *CXTToolBar::FindButton(int command) const {
 
 bool CXTToolBar::HasButton(int command) const { return FindButton(command) != nullptr; }
 
+void CXTToolBar::SetButtonIcon(int command, const std::string &icon) {
+    if (QAction *action = FindButton(command)) action->setIcon(LoadIcon(icon));
+}
+
 void CXTToolBar::DeleteButton(int command) {
     QAction *action = FindButton(command);
     if (!action) return;

@@ -18,6 +18,7 @@ public:
     void LoadToolBar(int resource);
     int LoadedResource() const { return resource_; }
     bool HasButton(int command) const;
+    void SetButtonIcon(int command, const std::string &icon);  // until the next load; nothing without the button
     void DeleteButton(int command);  // with a separator that would be left at an end or doubled
 
     void UpdateCommandUI();  // asks the frame for the state of each button

@@ -8,6 +8,7 @@
 #include "app/IDEApp.h"
 #include "app/Path.h"
 #include "app/ProjectDirScope.h"
+#include "app/Settings.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "editor/ViewSetup.h"
@@ -48,10 +49,16 @@ void ShowLine(CIDEView &view, intptr_t line, bool mark) {
     view.ShowViewLine(line, false);
 }
 
+bool IsAnySourceOpen() {
+    return std::ranges::any_of(CIDEApp::Get().GetDocuments(),
+                               [](CDocument *document) { return dynamic_cast<CIDEDoc *>(document) != nullptr; });
+}
+
 }  // namespace
 
 CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
     CIDEApp &app = CIDEApp::Get();
+    const bool alone = !IsAnySourceOpen();
     const std::string project = app.GetActiveProjectPath();
     const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
     auto *document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(file, false));
@@ -66,6 +73,10 @@ CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
     const intptr_t last = document->GetFirstCodeView() ? document->GetFirstCodeView()->Send(SCI_GETLINECOUNT) - 1 : 0;
     for (CIDEView *view : document->GetCodeViews())
         ShowLine(*view, std::clamp<intptr_t>(line - 1, 0, std::max<intptr_t>(last, 0)), mark);
-    if (CView *view = document->GetFirstView(); view && view->GetParentFrame()) view->GetParentFrame()->ActivateFrame();
+    const CView *view = document->GetFirstView();
+    CMDIChildWnd *const window = view ? view->GetParentFrame() : nullptr;
+    if (window) window->ActivateFrame();
+    const bool first = app.session.TakeFirstPosition();
+    if (window && first && alone && GetUserInt("Settings", "DbgSrcWinState", 0) != 0) window->showMaximized();
     return document;
 }

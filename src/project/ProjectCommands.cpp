@@ -214,6 +214,7 @@ void CProjectCommands::ClockRateDialog() {
     Frame().SetStatusText(debugging ? kPaneClock + 1 : kPaneClock, ClockRateText(dialog.Rate()));
     for (int slot = 0; slot < CPluginBar::kSlots; ++slot)
         Frame().PluginBar(slot).TellClockRate(static_cast<int>(dialog.Rate()));
+    CIDEApp::Get().debugger.SetClockRate(static_cast<int>(dialog.Rate()));
 }
 
 void CProjectCommands::ProjectOptions() {

@@ -270,11 +270,11 @@ void CWorkspaceController::StoreProjectState(const std::string &projectFile) {
     if (projectFile.empty() || !FileExists(projectFile)) return;
     CIDEApp &app = CIDEApp::Get();
     ForEachSource([&app](CIDEDoc &document) {
-        app.bookmarks.TakeFromDocument(document);
         app.breakpoints.TakeFromDocument(document);
+        app.bookmarks.TakeFromDocument(document);
     });
-    app.breakpoints.Store(projectFile);
-    app.bookmarks.Store(projectFile);
+    app.bookmarks.Save(projectFile);
+    app.breakpoints.Save(projectFile);
     StorePluginState(projectFile);
 }
 
@@ -285,12 +285,12 @@ void CWorkspaceController::LoadProjectState() {
     app.bookmarks.Clear();
     projects_.ShowClockRate();
     if (!file.empty()) {
-        app.breakpoints.Load(file);
         app.bookmarks.Load(file);
+        app.breakpoints.Load(file);
     }
     ForEachSource([&app](CIDEDoc &document) {
-        app.breakpoints.ApplyToDocument(document);
         app.bookmarks.ApplyToDocument(document);
+        app.breakpoints.ApplyToDocument(document);
     });
     if (file.empty()) return;
     WriteUserString("Settings", "Last Ext", GetProjectString("Settings", "Last Ext", "c", kExtensionSize));
@@ -306,7 +306,7 @@ void CWorkspaceController::ActivateProject(const std::string &oldFile, const std
     if (!project) return;
     if (app.session.IsOpen()) {
         if (frame.AskUser(LoadText(IDS_STOP_DEBUGGING)) != IDYES) return;
-        app.session.End();
+        app.session.EndAtOnce();
     }
     app.SaveAllDocuments(false);
     StoreProjectState(oldFile);

@@ -68,7 +68,7 @@ TEST_F(MenuTest, ListsThePluginsThatThereAre) {
         EXPECT_FALSE(QueryCommand(Frame(), ID_PLUGIN_BARS + slot).checked) << "an empty slot has no command";
     for (int slot : {0, 1, 2, 3}) {
         const bool alone = slot == 2;
-        Frame().PluginBar(slot).Attach(new QLabel("window"), alone ? "Keys" : "LEDs", alone ? 1 : 3);
+        Frame().PluginBar(slot).Attach(new QLabel("window"), alone ? "Keys" : "LEDs", alone ? 1 : 3, nullptr);
         Frame().PluginBar(slot).setWindowTitle(ToQString("Title " + std::to_string(slot)));
     }
     for (int opened = 0; opened < 2; ++opened) menu = OpenMenu(Text(IDS_MENU_PLUGINS));

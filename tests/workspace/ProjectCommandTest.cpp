@@ -8,6 +8,7 @@
 #include "app/ClockRate.h"
 #include "framework/Text.h"
 #include "platform/Profile.h"
+#include "plugins/PluginInstance.h"
 #include "project/CurrentWorkspace.h"
 #include "project/ProjectCommands.h"
 #include "project/Workspace.h"
@@ -15,6 +16,24 @@
 namespace {
 
 using ProjectCommands = WorkspaceProgram;
+
+// Notes the clock rates that a plug-in hears of.
+class CClockListener : public CPluginInstance {
+public:
+    explicit CClockListener(std::vector<int> &told) : told_(told) {}
+    void ClockRate(int hertz) override { told_.push_back(hertz); }
+    void Start() override {}
+    void Stop() override {}
+    void KeepState() override {}
+    void Clock(int, int) override {}
+    void Instruction(int, int) override {}
+    void Reset() override {}
+    void Step(bool) override {}
+    void LoadState() override {}
+
+private:
+    std::vector<int> &told_;
+};
 
 void Accept(QWidget &dialog) {
     QMetaObject::invokeMethod(&dialog, "accept");
@@ -166,8 +185,7 @@ TEST_F(ProjectCommands, TheClockRateIsKeptInTheProjectAndShown) {
     CPluginBar &hidden = program.Frame().PluginBar(4);
     std::vector<int> told;
     for (CPluginBar *bar : {&plugin, &hidden}) {
-        bar->Attach(new QWidget, "Lamp", 1);
-        bar->clockRateEntry = [&told](int hertz) { told.push_back(hertz); };
+        bar->Attach(new QWidget, "Lamp", 1, std::make_unique<CClockListener>(told));
     }
     plugin.show();
     hidden.hide();

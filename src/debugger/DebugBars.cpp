@@ -1,0 +1,34 @@
+#include "debugger/DebugBars.h"
+
+#include <initializer_list>
+
+#include "debugger/DebugBar.h"
+
+namespace {
+
+void Refresh(std::initializer_list<CDebugBar *> bars) {
+    for (CDebugBar *bar : bars)
+        if (bar->IsShowing()) bar->Refresh();
+}
+
+}  // namespace
+
+void DebugBars::BeginRun() {
+    for (CDebugBar *bar : {registers, ram, eeprom, watch, stack, profile}) bar->BeginRun();
+}
+
+void DebugBars::BlankValues() {
+    for (CDebugBar *bar : All()) bar->BlankValues();
+}
+
+void DebugBars::RefreshShown() { Refresh({registers, stack, ram, eeprom, watch, profile}); }
+
+void DebugBars::RefreshShownValues() { Refresh({registers, stack, ram, eeprom, watch}); }
+
+void DebugBars::EndRun() {
+    for (CDebugBar *bar : All()) bar->EndRun();
+}
+
+void DebugBars::Clear() {
+    for (CDebugBar *bar : All()) bar->Clear();
+}

@@ -1,0 +1,51 @@
+// What the engine tells on its thread, carried to the main thread.
+#pragma once
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "framework/MessageTarget.h"
+
+class CDebugSession;
+
+// A stop, with its place: empty where no source is known.
+struct StopRecord {
+    int reason = 0;
+    std::string file;
+    int line = 0;  // as the engine gives it
+};
+
+class CDebugNotices {
+public:
+    CDebugNotices(CDebugSession &session, CMessagePort frame) : session_(session), frame_(std::move(frame)) {}
+
+    // The engine's thread.
+    void OnExecution(int reason, const char *file, int line, const char *text);
+    void OnClock(int passed, int clk);
+    void OnInstruction(int address, int clk);
+
+    // Main thread. The oldest stop not yet taken; what the engine's thread does at that stop is over then.
+    std::optional<StopRecord> TakeStop();
+    bool HasStop() const;
+    void OnTextShown();  // a text of the target has reached the build list
+    void Release();      // the run ends: nobody waits any more
+
+private:
+    void TellStop(int reason, const char *file, int line);
+    void TellText(const char *text);
+    void PostNote(int text);
+
+    CDebugSession &session_;
+    const CMessagePort frame_;
+
+    mutable std::mutex stopping_;  // held from the notice until the target counts as standing
+    std::deque<StopRecord> stops_;
+
+    std::mutex texts_;
+    std::condition_variable textShown_;
+    int textsToShow_ = 0;
+    bool released_ = false;
+};

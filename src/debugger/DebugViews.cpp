@@ -1,0 +1,64 @@
+#include "debugger/DebugViews.h"
+
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/Settings.h"
+#include "editor/IDEDoc.h"
+#include "editor/IDEView.h"
+#include "editor/ListBar.h"
+#include "editor/ListingView.h"
+#include "framework/MDIChildWnd.h"
+
+namespace {
+
+constexpr int kExecutionMark = 0;
+
+template <typename Act>
+void ForEachSource(Act act) {
+    for (CDocument *each : CIDEApp::Get().GetDocuments())
+        if (auto *document = dynamic_cast<CIDEDoc *>(each)) act(*document);
+}
+
+template <typename Act>
+void ForEachView(Act act) {
+    ForEachSource([&](const CIDEDoc &document) {
+        for (CIDEView *view : document.GetCodeViews()) act(*view);
+    });
+}
+
+CIDEView &Listing() { return CIDEApp::Get().GetMainFrame()->ListBar().ListingView(); }
+
+}  // namespace
+
+void LockViews() {
+    ForEachView([](const CIDEView &view) { view.Send(SCI_SETREADONLY, 1); });
+}
+
+void UnlockViews() {
+    ForEachView([](CIDEView &view) { view.AllowEditing(); });
+}
+
+void RemoveExecutionMarks() {
+    const auto remove = [](const CIDEView &view) { view.Send(SCI_MARKERDELETEALL, kExecutionMark); };
+    ForEachView(remove);
+    remove(Listing());
+}
+
+void ShowAsRunning() {
+    const auto pale = [](const CIDEView &view) { CIDEApp::Get().editorProperties.ApplyRunningColour(view.Sci()); };
+    ForEachView(pale);
+    pale(Listing());
+}
+
+void RefreshValueTips() {
+    ForEachView([](CIDEView &view) { view.RefreshValueTip(); });
+}
+
+void StoreWindowState() {
+    for (CDocument *document : CIDEApp::Get().GetDocuments()) {
+        const CView *view = dynamic_cast<CIDEDoc *>(document) ? document->GetFirstView() : nullptr;
+        if (!view || !view->GetParentFrame()) continue;
+        WriteUserInt("Settings", "DbgSrcWinState", view->GetParentFrame()->isMaximized() ? 1 : 0);
+        return;
+    }
+}
