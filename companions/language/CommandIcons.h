@@ -117,6 +117,7 @@ inline constexpr IconRow kIcons[] = {
     {ID_DEBUG_PROFILING, "profiling"},
     {ID_DEBUG_SNAPSHOT, "snapshot"},
     {ID_BREAKPOINT_TOGGLE, "breakpoint"},
+    {ID_BREAKPOINT_AT_POINTER, "breakpoint"},
     {ID_CLOCK_RATE, "clock"},
 
     {ID_MACRO_RECORD, "macro-record"},

@@ -274,7 +274,6 @@ constexpr LangMenuEntry kView[] = {
     {0, ID_EDIT_SELECT_ALL, "Select &All"},
     Line(0),
     {0, ID_BOOKMARK_TOGGLE, "Toggle Book&mark"},
-    {0, ID_BREAKPOINT_TOGGLE, "Toggle &Breakpoint"},
 };
 
 constexpr LangMenuEntry kBuildArrow[] = {

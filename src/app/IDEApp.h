@@ -12,6 +12,7 @@
 #include "build/MessageList.h"
 #include "build/MyRedirect.h"
 #include "debugger/BookmarkList.h"
+#include "debugger/BreakpointCommands.h"
 #include "debugger/BreakpointList.h"
 #include "debugger/DbgInterface.h"
 #include "debugger/DebugCommands.h"
@@ -85,6 +86,7 @@ public:
     CFindState find;
     CBookmarkList bookmarks;
     CBreakpointList breakpoints;
+    CBreakpointCommands breakpointCommands;
     CKeyMacro macro;
     CSymbolIndex symbols;
     CBrowseHistory browseHistory;

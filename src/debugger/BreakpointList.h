@@ -14,5 +14,13 @@ class CBreakpointList : public CMarkerList {
 public:
     CBreakpointList() : CMarkerList("Breakpoints", 3) {}
 
+    CMarker *runToCursorMarker = nullptr;  // the temporary one of run to cursor; null when there is none
+
+    void OnAddMarker(CMarker &marker) override;
+    void OnRemoveMarker(CMarker &marker) override;
+    void SaveMarkerData(const CMarker &marker, CMarkerSection &section, int index) const override;
+    void LoadMarkerData(CMarker &marker, const CMarkerSection &section, int index) override;
+
+    void TakeFromView(CIDEView &view) override;              // finds runToCursorMarker again
     void FollowEdit(CIDEView &view) { TakeFromView(view); }  // lines may have moved
 };

@@ -212,8 +212,9 @@ void CIDEView::PlaceFunctionMarks() {
 }
 
 void CIDEView::PlaceMarks() {
-    CIDEApp::Get().bookmarks.ApplyToView(*this);
-    CIDEApp::Get().breakpoints.ApplyToView(*this);
+    const std::string &file = GetDocument()->GetPathName();
+    CIDEApp::Get().bookmarks.PlaceInView(file, sci_);
+    CIDEApp::Get().breakpoints.PlaceInView(file, sci_);
 }
 
 void CIDEView::TakeOverMarks() {
@@ -320,6 +321,10 @@ void CIDEView::OnNotify(const SciLexerNotification &notification) {
     }
 }
 
+void CIDEView::AllowEditing() {
+    if (!IsReadOnlyOnDisk(GetDocument()->GetPathName())) Send(SCI_SETREADONLY, partial_ ? 1 : 0);
+}
+
 void CIDEView::OnModifyAttempt() {
     const std::string &path = GetDocument()->GetPathName();
     if (CIDEApp::Get().session.IsOpen()) {
@@ -358,7 +363,9 @@ void CIDEView::HighlightBraces() {
 void CIDEView::OnModified(const SciLexerNotification &notification) {
     lastEditPos_ = Send(SCI_GETCURRENTPOS);
     lastEditTopLine_ = Send(SCI_GETFIRSTVISIBLELINE);
-    if (notification.modificationType & kChangesOfText) CIDEApp::Get().breakpoints.FollowEdit(*this);
+    // A change within a line moves no mark; of many changes told at once the count of lines isn't known.
+    const int changes = notification.modificationType & kChangesOfText;
+    if (changes == kChangesOfText || (changes && notification.linesAdded)) CIDEApp::Get().breakpoints.FollowEdit(*this);
     if (!CIDEApp::Get().editorProperties.lineNumbers) return;
     const int width = CEditorProperties::LineNumberWidth(sci_, static_cast<int>(Send(SCI_GETLINECOUNT)));
     if (width != Send(SCI_GETMARGINWIDTHN, 0)) Send(SCI_SETMARGINWIDTHN, 0, width);

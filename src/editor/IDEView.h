@@ -60,12 +60,18 @@ public:
     bool IsLarge() const;                        // too large for work on the whole text at each step
     bool IsPartial() const { return partial_; }  // what is shown isn't what the file holds, and mustn't replace it
 
-    // Toggles, places or removes (a BreakpointChange) the breakpoint of one line, with the mark that shows it. `engineId`:
-    // of a breakpoint that the engine has already, -1 for none. Nothing for line -1.
-    virtual void OnDebugToggleBreakpoint(intptr_t line, int change, int engineId = -1);
+    // Whether the text was loaded from the document's file, so that the marks on it are that file's.
+    bool HoldsFile() const { return holdsFile_; }
+
+    // Toggles, places or removes (a BreakpointChange) the breakpoint of one line, with the mark that shows it; during a
+    // run in the engine, too, and not at all when that refuses. Nothing for line -1.
+    virtual void OnDebugToggleBreakpoint(intptr_t line, int change);
+
+    intptr_t contextLine = -1;  // under the pointer when the context menu opened; -1 when none
 
     void PlaceFunctionMarks();  // on the lines of the document's functions, in place of the old ones
     virtual void OnPathNamed();  // the document was saved under a first or other name: the marks are that file's
+    void AllowEditing();     // at the end of a debug run; not where the file or what is shown of it mustn't be changed
     void RefreshValueTip();  // at a stop of the target: shows the value under the pointer anew
 
 protected:
@@ -77,8 +83,6 @@ protected:
 
     virtual void ToggleBookmark();
 
-    // Whether the text was loaded from the document's file, so that the marks on it are that file's.
-    bool HoldsFile() const { return holdsFile_; }
     void ReleaseFile();  // before the text or the document's path becomes another: the lists take the marks over
 
     void resizeEvent(QResizeEvent *event) override;
@@ -104,10 +108,13 @@ private:
     void ShowValueTip(const SciLexerNotification &notification);
     intptr_t MoveCaretForMenu(const QPoint &at);  // gives the position there
     void AddSymbolEntries(QMenu &menu, intptr_t position);
+    void AddBreakpointEntries(QMenu &menu, intptr_t position);
     std::unique_ptr<QMenu> MakeFunctionMenu();  // null when the document has no functions
 
     void ToggleBreakpoint();
     void RunToCursor();
+    void MapBreakpointCommands();
+    void BreakpointProperties();
     void GotoBookmark(bool next);
     void GotoLine();
     void MatchBrace();

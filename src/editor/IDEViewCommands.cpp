@@ -48,12 +48,7 @@ void CIDEView::MapCommands() {
     OnCommand(ID_BOOKMARK_NEXT, [this] { GotoBookmark(true); });
     OnCommand(ID_BOOKMARK_PREVIOUS, [this] { GotoBookmark(false); });
     OnCommand(ID_BOOKMARK_CLEAR, [this] { Send(SCI_MARKERDELETEALL, kMarkerBookmark); });
-    OnCommand(
-        ID_DEBUG_RUN_TO_CURSOR, [this] { RunToCursor(); },
-        [this](CCmdUI &ui) { ui.Enable(CDebugCommands::CanRunOn() && !GetDocument()->GetPathName().empty()); });
-    OnCommand(
-        ID_BREAKPOINT_TOGGLE, [this] { ToggleBreakpoint(); },
-        [this](CCmdUI &ui) { ui.Enable(!GetDocument()->GetPathName().empty()); });
+    MapBreakpointCommands();
     OnCommand(ID_LAST_EDIT, [this] { GotoLastEdit(); });
     OnCommand(ID_OPEN_COUNTERPART, [this] { OpenCounterpart(); });
     OnCommandRange(kFirstFunctionCommand, kLastFunctionCommand,

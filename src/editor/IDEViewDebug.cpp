@@ -1,14 +1,22 @@
 // What the code view does for debug runs: breakpoints on its lines, values under the pointer.
 #include <QCursor>
+#include <utility>
 
+#include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
 #include "app/Settings.h"
+#include "app/StringIds.h"
+#include "debugger/BreakpointArming.h"
+#include "debugger/BreakpointCommands.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/ListBar.h"
 #include "editor/ValueTip.h"
 #include "editor/ViewSetup.h"
 #include "editor/WordAt.h"
+#include "framework/Language.h"
+#include "platform/NativePath.h"
 
 namespace {
 
@@ -21,48 +29,96 @@ void TellInternalError(int number) {
         frame->ShowError("Internal error #" + std::to_string(number) + " in CIDEView::OnDebugToggleBreakpoint");
 }
 
+bool IsBreakpointMarked(const CIDEView &view, intptr_t line) {
+    return view.Send(SCI_MARKERGET, static_cast<uintptr_t>(line)) & (1 << kMarkerBreakpoint);
+}
+
+// The breakpoint that the view shows on a line; null when list and view don't agree on one.
+CMarker *FindBreakpoint(const CIDEView &view, intptr_t line) {
+    if (line < 0 || !view.GetDocument()) return nullptr;
+    CMarker *marker = CIDEApp::Get().breakpoints.Find(view.GetDocument()->GetPathName(), static_cast<int>(line));
+    const bool agree = marker && marker->handle != 0 &&
+                       view.Send(SCI_MARKERLINEFROMHANDLE, static_cast<uintptr_t>(marker->handle)) == line;
+    return agree ? marker : nullptr;
+}
+
+// Into the list, and during a run into the engine. False, with a line in the build list, when that refuses it.
+bool AddBreakpoint(const std::string &file, int line) {
+    CIDEApp &app = CIDEApp::Get();
+    int id = 0;
+    if (app.session.IsOpen() && !app.debugger.SetBreakpoint(file, line, id)) {
+        app.AddOutputLine(LoadText(IDS_BREAKPOINT_REFUSED, {DisplayPath(file), std::to_string(line + 1)}));
+        return false;
+    }
+    app.breakpoints.Add(file, line, 0, id);
+    return true;
+}
+
+bool IsListingInFront() {
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    return frame && frame->ListBar().HoldsFocus();
+}
+
 }  // namespace
+
+void CIDEView::MapBreakpointCommands() {
+    OnCommand(
+        ID_DEBUG_RUN_TO_CURSOR, [this] { RunToCursor(); },
+        [this](CCmdUI &ui) {
+            ui.Enable(CDebugCommands::CanRunOn() && !GetDocument()->GetPathName().empty() && !IsListingInFront());
+        });
+    OnCommand(
+        ID_BREAKPOINT_TOGGLE, [this] { ToggleBreakpoint(); },
+        [this](CCmdUI &ui) { ui.Enable(!GetDocument()->GetPathName().empty()); });
+    OnCommand(
+        ID_BREAKPOINT_AT_POINTER, [this] { OnDebugToggleBreakpoint(std::exchange(contextLine, -1), kToggleBreakpoint); },
+        [this](CCmdUI &ui) { ui.Enable(contextLine >= 0); });
+    OnCommand(
+        ID_BREAKPOINT_PROPERTIES, [this] { BreakpointProperties(); },
+        [this](CCmdUI &ui) { ui.Enable(FindBreakpoint(*this, contextLine) != nullptr); });
+}
 
 void CIDEView::ToggleBreakpoint() {
     if (!GetDocument()->GetPathName().empty()) OnDebugToggleBreakpoint(CaretLine(), kToggleBreakpoint);
 }
 
-void CIDEView::OnDebugToggleBreakpoint(intptr_t line, int change, int engineId) {
+void CIDEView::OnDebugToggleBreakpoint(intptr_t line, int change) {
     const CIDEDoc *document = GetIDEDoc();
     if (line < 0 || !document) return;
     const std::string &file = document->GetPathName();
-    const auto number = static_cast<uintptr_t>(line);
-    CBreakpointList &breakpoints = CIDEApp::Get().breakpoints;
     if (change == kToggleBreakpoint) {
-        const bool marked = Send(SCI_MARKERGET, number) & (1 << kMarkerBreakpoint);
-        if (!marked) breakpoints.Add(file, static_cast<int>(line), false, engineId < 0 ? 0 : engineId);
-        change = marked ? kRemoveBreakpoint : kPlaceBreakpoint;
+        change = IsBreakpointMarked(*this, line) ? kRemoveBreakpoint : kPlaceBreakpoint;
+        if (change == kPlaceBreakpoint && !AddBreakpoint(file, static_cast<int>(line))) return;
     }
-    CMarker *marker = breakpoints.Find(file, static_cast<int>(line));
-    if (change == kPlaceBreakpoint) {
-        if (marker)
-            marker->handle = Send(SCI_MARKERADD, number, kMarkerBreakpoint);
-        else
-            TellInternalError(2);
-        return;
-    }
-    const bool here = marker && marker->handle != 0 &&
-                      Send(SCI_MARKERLINEFROMHANDLE, static_cast<uintptr_t>(marker->handle)) == line;
-    if (!here) {
-        TellInternalError(1);
-        return;
-    }
-    Send(SCI_MARKERDELETE, number, kMarkerBreakpoint);
-    breakpoints.Remove(file, static_cast<int>(line));
+    CMarker *const marker = change == kPlaceBreakpoint
+                                ? CIDEApp::Get().breakpoints.Find(file, static_cast<int>(line))
+                                : FindBreakpoint(*this, line);
+    if (!marker)
+        TellInternalError(change == kPlaceBreakpoint ? 2 : 1);
+    else if (change == kPlaceBreakpoint)
+        ShowBreakpoint(*marker);
+    else
+        RemoveBreakpoint(*marker);
+}
+
+void CIDEView::BreakpointProperties() {
+    if (const CMarker *marker = FindBreakpoint(*this, std::exchange(contextLine, -1)))
+        EditBreakpointProperties(CIDEApp::Get().GetMainFrame(), *marker);
 }
 
 // A breakpoint for the time of the run stands where none of the user's does.
 void CIDEView::RunToCursor() {
     CIDEApp &app = CIDEApp::Get();
-    const intptr_t line = CaretLine();
-    const bool marked = Send(SCI_MARKERGET, static_cast<uintptr_t>(line)) & (1 << kMarkerBreakpoint);
-    if (!marked) OnDebugToggleBreakpoint(line, kToggleBreakpoint);
-    if (!app.debugCommands.StartRun() && !marked) OnDebugToggleBreakpoint(line, kRemoveBreakpoint);
+    const std::string &file = GetDocument()->GetPathName();
+    if (file.empty() || IsListingInFront()) return;
+    const auto line = static_cast<int>(CaretLine());
+    RemoveRunToCursorMarker();
+    if (!IsBreakpointMarked(*this, line) && !app.breakpoints.Find(file, line)) {
+        if (!AddBreakpoint(file, line)) return;
+        app.breakpoints.runToCursorMarker = app.breakpoints.Find(file, line);
+        ShowBreakpoint(*app.breakpoints.runToCursorMarker);
+    }
+    if (!app.debugCommands.Continue()) RemoveRunToCursorMarker();
 }
 
 void CIDEView::ShowValueTip(const SciLexerNotification &notification) {

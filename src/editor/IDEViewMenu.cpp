@@ -13,6 +13,9 @@
 #include "app/StringIds.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/ListBar.h"
+#include "editor/ListingView.h"
+#include "editor/ViewSetup.h"
 #include "editor/WordAt.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
@@ -62,13 +65,17 @@ void CIDEView::contextMenuEvent(QContextMenuEvent *event) {
         const std::string text = LoadText(IDS_MENU_COUNTERPART, {CPath(counterpart).GetFileName()});
         menu->addAction(frame->MakeCommandAction(ID_OPEN_COUNTERPART, text, menu.get()));
     }
+    const qsizetype before = menu->actions().size();
     AddSymbolEntries(*menu, position);
+    if (menu->actions().size() == before) menu->addSeparator();
+    AddBreakpointEntries(*menu, position);
     if (functions) {
         menu->addSeparator();
         menu->addMenu(functions.get());
     }
     if (!menu->isEmpty()) menu->exec(at);
     menuSymbol_.reset();
+    contextLine = -1;
 }
 
 std::unique_ptr<QMenu> CIDEView::MakeFunctionMenu() {
@@ -104,6 +111,19 @@ void CIDEView::AddSymbolEntries(QMenu &menu, intptr_t position) {
     const auto index = static_cast<size_t>(function - document.functions.begin());
     if (index < std::min(document.functions.size(), kMostFunctions))
         add(ID_FUNCTIONS + static_cast<int>(index), IDS_MENU_GOTO_FUNCTION, word);
+}
+
+// For the line under the pointer; a listing has no breakpoints.
+void CIDEView::AddBreakpointEntries(QMenu &menu, intptr_t position) {
+    CMainFrame *frame = CIDEApp::Get().GetMainFrame();
+    if (this == &frame->ListBar().ListingView() || GetDocument()->GetPathName().empty()) return;
+    contextLine = Send(SCI_LINEFROMPOSITION, static_cast<uintptr_t>(position));
+    const std::string line = std::to_string(contextLine + 1);
+    menu.addAction(
+        frame->MakeCommandAction(ID_BREAKPOINT_AT_POINTER, LoadText(IDS_MENU_TOGGLE_BREAKPOINT, {line}), &menu));
+    if (Send(SCI_MARKERGET, static_cast<uintptr_t>(contextLine)) & (1 << kMarkerBreakpoint))
+        menu.addAction(
+            frame->MakeCommandAction(ID_BREAKPOINT_PROPERTIES, LoadText(IDS_MENU_BREAKPOINT_PROPERTIES), &menu));
 }
 
 // The menu's commands are about the line under the pointer, or about the selection when that is where the pointer is.

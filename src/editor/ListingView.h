@@ -28,7 +28,7 @@ public:
     // Marks that line as the one where execution stands and brings it into view; without it a line in the build list.
     void ShowListingPosition();
 
-    void OnDebugToggleBreakpoint(intptr_t, int, int) override {}  // none can be set here
+    void OnDebugToggleBreakpoint(intptr_t, int) override {}  // none can be set here
     void OnPathNamed() override {}                                // a load comes next, not a save
 
 protected:
