@@ -168,8 +168,8 @@ private:
         rule += "&:" + Inputs();
         if (!plan_.linkerScript.empty()) rule += " " + Prerequisite(plan_.linkerScript);
         Line(rule);
-        Line("\t@$(ASMTOOL) link" + ImageWords(program_) + ImageWords(statistics_) + MemorySize() + " -- " +
-             Recipe(link_));
+        Line("\t@$(ASMTOOL) link" + ImageWords(program_) + ImageWords(statistics_) + MemorySize() + " --processor " +
+             RecipeWord(plan_.device.processor) + " -- " + Recipe(link_));
         if (goals_.memoryUsage) Line("\t@" + Usage());
         WriteGivenFiles();
         Line("");

@@ -168,8 +168,10 @@ intptr_t CListingView::LineOfProgramCounter(int64_t &pc) const {
     pc = 0;
     std::string text;
     if (!CIDEApp::Get().debugger.Evaluate("$pc", text, 0, nullptr)) return -1;
-    std::from_chars(text.data(), text.data() + text.size(), pc);
-    return pc >= 0 ? addressTable_.LineOf(static_cast<uint64_t>(pc)) : -1;
+    uint32_t address = 0;
+    std::from_chars(text.data(), text.data() + text.size(), address);
+    pc = address;
+    return addressTable_.LineOf(address);
 }
 
 void CListingView::ShowListingPosition() {

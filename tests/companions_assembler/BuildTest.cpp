@@ -269,6 +269,10 @@ TEST(Build, MakesLibrariesAndLinksThem) {
     project.Write("Tools.lib", library.Read("Debug/tools.lib"));
     const std::string output = project.Build({"a.asm", "tools.lib"});
     EXPECT_TRUE(project.HasOutputs()) << output;
+    // The linker lists what it finds the source of; the library's code is added.
+    const std::string listing = project.Read("Debug/demo.lst");
+    EXPECT_EQ(Count(listing, "   0008     return"), 1) << listing;
+    EXPECT_EQ(Count(listing, "     goto    0x"), 1) << listing;
 }
 
 TEST(Build, DebugAndReleaseDiffer) {

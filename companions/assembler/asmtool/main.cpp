@@ -2,9 +2,10 @@
 // code on, and removes what a failed step would leave behind, so that a missing file tells of the failure.
 //
 //   asmtool.exe assemble --object O --rules R --source S --processor P [--listing L] [--image I]... -- gpasm words...
-//   asmtool.exe link --image I... [--size WORDS] -- gplink words...
+//   asmtool.exe link --image I... [--size WORDS] [--processor P] -- gplink words...
 //                                                the image's files; gplink's own words name the objects and libraries;
-//                                                images "x.tree" and "x.stat" are written out of "x.cof" after the link
+//                                                images "x.tree" and "x.stat" are written out of "x.cof" after the
+//                                                link; "x.lst" gets what the linker left out of it
 //   asmtool.exe library --image I -- gplib words...
 //   asmtool.exe disassemble --image I -- gpdasm words...         its output becomes the image
 //   asmtool.exe usage --size WORDS|--bytes BYTES IMAGE.cof
@@ -22,6 +23,7 @@
 
 #include "DependencyFile.h"
 #include "LinkStatistics.h"
+#include "ListingGaps.h"
 #include "MemoryUsage.h"
 #include "MessageRewriter.h"
 #include "StatisticsFiles.h"
@@ -35,6 +37,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr rlim_t kLongestAssembly = 10;  // seconds of processor time; the largest sources take less than one
+constexpr const char *kNoSourceHeading = "\nCode without a source at hand\n\n";
 constexpr int kExitFailure = 1, kExitUsage = 2, kExitNotFound = 127, kExitSignal = 128;
 
 struct Arguments {
@@ -202,6 +205,24 @@ void DescribeLink(const Arguments &arguments) {
     if (!written) Print("Warning: " + tree + " and " + stat + " can't be written.");
 }
 
+// The listing serves without what is missing in it, too: nothing is told of a failure.
+void CompleteListing(const Arguments &arguments) {
+    const std::string name = ImageWithExtension(arguments, ".lst"), program = ImageWithExtension(arguments, ".hex");
+    if (name.empty() || program.empty() || arguments.processor.empty()) return;
+    try {
+        const std::string listing = ReadWholeFile(FromNativePath(name)).value_or("");
+        const CLinkedImage image(CObjectFile(FromNativePath(ImageWithExtension(arguments, ".cof"))), arguments.size);
+        const std::set<uint32_t> gaps = ListingGaps(listing, image);
+        if (listing.empty() || gaps.empty()) return;
+        std::string lines;
+        RunTool({"gpdasm", "-i", "-p", arguments.processor, program}, Repetition::keep, [&](std::string_view text) {
+            if (const std::string line = ListingLineOf(text, gaps); !line.empty()) lines += line + "\n";
+        });
+        if (!lines.empty()) ReplaceWholeFile(FromNativePath(name), listing + kNoSourceHeading + lines);
+    } catch (const std::exception &) {  // out of memory
+    }
+}
+
 int Link(const Arguments &arguments) {
     if (!arguments.images.empty()) Print("Linking " + arguments.images.front());
     RemoveAll(arguments.images);
@@ -210,6 +231,7 @@ int Link(const Arguments &arguments) {
         RemoveAll(arguments.images);
     } else if (arguments.job == "link") {
         DescribeLink(arguments);
+        CompleteListing(arguments);
     }
     return code;
 }
