@@ -17,6 +17,7 @@
 #include "debugger/DbgInterface.h"
 #include "debugger/DebugCommands.h"
 #include "debugger/DebugSession.h"
+#include "debugger/WatchpointManager.h"
 #include "editor/Abbreviations.h"
 #include "editor/EditorProperties.h"
 #include "editor/FileTracker.h"
@@ -92,6 +93,7 @@ public:
     CBrowseHistory browseHistory;
     CDbgInterface debugger;
     CDebugCommands debugCommands;
+    CWatchpointManager watchpoints;
     CDebugSession session;  // `debugging` and `running`, and the deferred command
     CMessageList messageList;
     CFileTracker fileTracker;

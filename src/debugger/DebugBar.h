@@ -1,6 +1,8 @@
 // What the bars of a debug run have in common: a quiet text while there is nothing to show, and a refresh from the target.
 #pragma once
 
+#include <string>
+
 #include "framework/DockBar.h"
 
 class QStackedWidget;
@@ -18,6 +20,10 @@ public:
     virtual void BlankValues() {}  // no value holds any longer, the rows stay
     virtual void EndRun() {}       // what is kept of the bar with its project is written
     virtual void Clear() { ShowQuietText(); }  // another project is active
+
+    // The mark of a watchpoint at what `name` names ("$NAME" or "$%d"; see WatchpointManager.h), if it shows here.
+    virtual void MarkWatchpoint(const std::string & /*name*/, bool /*on*/) {}
+    virtual void ClearWatchpointMarks() {}
 
     QSize sizeHint() const override;
 

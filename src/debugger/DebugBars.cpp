@@ -32,3 +32,11 @@ void DebugBars::EndRun() {
 void DebugBars::Clear() {
     for (CDebugBar *bar : All()) bar->Clear();
 }
+
+void DebugBars::MarkWatchpoint(const std::string &name, bool on) {
+    for (CDebugBar *bar : All()) bar->MarkWatchpoint(name, on);
+}
+
+void DebugBars::ClearWatchpointMarks() {
+    for (CDebugBar *bar : All()) bar->ClearWatchpointMarks();
+}

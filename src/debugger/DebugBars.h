@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 class CDebugBar;
 
@@ -16,6 +17,9 @@ struct DebugBars {
     void RefreshShownValues();  // while the target runs: all but the profile, which has its own pace
     void EndRun();              // what the project keeps of them is written; the last values stay on view
     void Clear();               // another project is active
+
+    void MarkWatchpoint(const std::string &name, bool on);
+    void ClearWatchpointMarks();
 
 private:
     std::array<CDebugBar *, 6> All() const { return {registers, stack, ram, eeprom, watch, profile}; }

@@ -85,6 +85,7 @@ void CDebugSession::PrepareViews() {
     CMainFrame &frame = Frame();
     DebugBars &bars = frame.DebugBars();
     bars.BeginRun();
+    CIDEApp::Get().watchpoints.Load();
     profiling_ = GetProjectInt(kSection, "Profiling", 0) != 0;
     snapshot_ = GetProjectInt(kSection, "Snapshot", 0) != 0;
     bars.BlankValues();
@@ -126,6 +127,7 @@ void CDebugSession::Finish() {
     frame.DebugBars().EndRun();
     SetProjectString(kSection, "Profiling", profiling_ ? "1" : "0");
     SetProjectString(kSection, "Snapshot", snapshot_ ? "1" : "0");
+    app.watchpoints.Store();
     StopPlugins();
     if (!app.debugger.EndCallbacks()) app.AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {"Stop"}));
     app.debugger.DLLCleanup();
