@@ -141,7 +141,7 @@ constexpr LangMenuEntry kMain[] = {
     {1, ID_DEBUG_RUN_TO_CURSOR, "Run &to Cursor"},
     Line(1),
     {1, ID_BREAKPOINT_TOGGLE, "To&ggle Breakpoint"},
-    {1, ID_BREAKPOINTS, "Break&points..."},
+    {1, ID_BREAKPOINTS, "Brea&kpoints..."},
     {1, ID_WATCH_AT_CARET, "&Add Watch..."},
     Line(1),
     {1, ID_DEBUG_PROFILING, "Pro&filing"},

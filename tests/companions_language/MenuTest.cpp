@@ -104,6 +104,7 @@ TEST(LanguageMenus, EveryCommandIsWithinTheUsersReach) {
         ID_WINDOW_LIST_ALL,    ID_USER_MACROS,
         ID_PLUGIN_NONE,        ID_PLUGIN_BARS,
         ID_FUNCTIONS,          ID_VIEW_GOTO_DEFINITION,  // of the code view's menu
+        ID_BREAKPOINT_AT_POINTER, ID_BREAKPOINT_PROPERTIES,
         ID_HELP_OSPREYC,       ID_HELP_OSPREYCPP,    // never show in a menu
         ID_HELP_OSPREYP,       ID_HELP_WIZARD,
         ID_CONFIG_SELECT,                            // the box on the tool bar
