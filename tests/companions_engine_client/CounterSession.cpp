@@ -134,6 +134,7 @@ public:
         watchedRegister_ = on ? handle : 0;
         return handle > 0;
     }
+    bool SetClockRate(int) override { return false; }
     std::optional<int> ConnectPin(const std::string &) override { return 1; }
     bool ReleaseConnection(int connection) override { return connection == 1; }
     bool SetConnectionV(int, double volts) override {
@@ -147,6 +148,7 @@ public:
         return true;
     }
 
+    std::optional<Change> TakeChange() override { return {}; }
     std::string Settings() override {
         std::ostringstream text;
         for (const auto &[id, line] : breakpoints_) text << id << ' ' << line << ' ';

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "StopSettings.h"
 #include "Toy.h"
 #include "debugger/EngineApi.h"
@@ -174,12 +176,14 @@ TEST(StopSettings, OutliveAStepBack) {
     late.watchpoints.Set(4, "$PORT", error);
     StopSettings settings, read;
     settings.nextId = 5;
-    settings.registers = {7, 8};
+    settings.registers = {{7, 8}, {9, 255}};
+    settings.connections[6] = {13, true, true, -0.7, std::numeric_limits<double>::infinity(), 1.0 / 3};
     TakeStops(late.breakpoints, late.watchpoints, settings);
     const std::string text = WriteStopSettings(settings);
     ASSERT_TRUE(ReadStopSettings(text, read));
     EXPECT_EQ(read.nextId, 5);
     EXPECT_EQ(read.registers, settings.registers);
+    EXPECT_EQ(read.connections, settings.connections);
     PutStops(read, early.breakpoints, early.watchpoints);
     EXPECT_EQ(early.breakpoints.HitCount(1), 1) << "goes back with the target";
     EXPECT_FALSE(early.breakpoints.HitCount(2));

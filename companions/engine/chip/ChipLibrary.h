@@ -5,6 +5,8 @@
 #include <gpsim_classes.h>
 
 #include <16bit-processors.h>
+#include <breakpoints.h>
+#include <clock_phase.h>
 #include <eeprom.h>
 #include <gpsim_interface.h>
 #include <gpsim_time.h>
@@ -13,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "chip/ChipPins.h"
 #include "chip/SimChip.h"
 
 // Hears of each reset: the library tells its interfaces when it stops, and with "break on reset" it believes it does.
@@ -59,14 +62,39 @@ struct CSimChip::Impl {
     void AfterReset();
     void LookAtHalt(unsigned int formerIndex, ChipState &state);
     void LookAtStack(unsigned int flags, ChipState &state);
+    // Makes a change that doesn't come out of an instruction. The library looks for what such a one brings, a wake-up or
+    // an interrupt, in the middle of a cycle only.
+    template <typename Change>
+    void FromOutside(Change change);
     bool SomethingDue() const { return get_cycles().active.next != nullptr; }
 
     pic_processor &cpu;  // the library's; lives as long as the process
     const bool isPic18;
     CResetListener &resetListener;
+    CChipPins pins;
     CRingStack *ring = nullptr;                // null: the chip has another kind of stack
     const unsigned int *stackFlags = nullptr;  // of StackFlag
     unsigned int seenStackFlags = 0;
     uint64_t resets = 0;
+    double clockRate = 0;     // of SetClockRate, hertz; 0: the library's own
     uint64_t firstCycle = 0;  // the library's count at the power-on reset; it never goes back
 };
+
+template <typename Change>
+void CSimChip::Impl::FromOutside(Change change) {
+    ClockPhase *const execute = cpu.mExecute1Cycle, *const idle = cpu.mIdle;
+    // An interrupt that an earlier change has brought: it would be its own next phase if this one brings it again.
+    ClockPhase *const due = cpu.mCurrentPhase;
+    if (due != idle) cpu.mCurrentPhase = execute;
+    execute->setNextPhase(execute);
+    idle->setNextPhase(idle);
+    change();
+    if (resetListener.heard) {  // by its pin
+        resetListener.heard = false;
+        bp.clear_global();
+    }
+    if (cpu.mCurrentPhase == idle) cpu.mCurrentPhase = idle->getNextPhase();
+    if (cpu.mCurrentPhase != execute) return;
+    const bool isNew = due == idle || execute->getNextPhase() != execute;
+    cpu.mCurrentPhase = isNew ? execute->getNextPhase() : due;
+}

@@ -90,7 +90,7 @@ bool CSimChip::WriteRegister(uint32_t address, uint8_t value) {
         // The library counts on an instruction that goes on behind it.
         return SetProgramCounter((impl_->cpu.get_pclath_branching_modpcl() | value) & (impl_->isPic18 ? ~1u : ~0u));
     }
-    found->put(value);
+    impl_->FromOutside([&] { found->put(value); });
     return true;
 }
 

@@ -4,9 +4,6 @@
 // into program memory in the place of others (a program that reads itself would find them). Both end at a flag that
 // resets, jumps out of memory and reads of missing registers set alike. So the loop is here: the same phases of the
 // same clock, with the most frequent of them written out.
-#include <breakpoints.h>
-#include <clock_phase.h>
-
 #include "chip/ChipLibrary.h"
 
 namespace {
@@ -77,6 +74,8 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
         if (const size_t address = static_cast<size_t>(pc.value) << shift;
             address < stopsEnd && (*stops)[address] && phase == execute)
             break;
+        if (pins.changed) [[unlikely]]
+            break;
     }
     return cpu.mCurrentPhase == idle ? ChipState::asleep : state;
 }
@@ -85,14 +84,19 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
 void CSimChip::Impl::AfterReset() {
     bp.clear_global();
     resetListener.heard = false;
-    // The library leaves a chip that was asleep, or held by its reset pin, in that phase.
-    cpu.mCurrentPhase = cpu.mExecute1Cycle;
+    // The library leaves a chip that was asleep in that phase.
+    cpu.mIdle->setNextPhase(cpu.mIdle);
     cpu.mExecute1Cycle->setNextPhase(cpu.mExecute1Cycle);
+    if (pins.HoldReset())
+        cpu.mCurrentPhase = cpu.mIdle;
+    else
+        cpu.mCurrentPhase = cpu.mExecute1Cycle;
     seenStackFlags = *stackFlags & kStackFlags;
 }
 
 void CSimChip::PowerOnReset() {
     impl_->cpu.reset(POR_RESET);
+    if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to a rate of their own
     impl_->AfterReset();
     impl_->resets = 0;
     impl_->firstCycle = get_cycles().get();

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,6 +27,11 @@ struct ChipProgram {
 // memory; the chip stands there until a reset. The two of the stack come when it happens, on chips that keep a flag of
 // it again only when the flag has been cleared meanwhile; the chip goes on as the real one does.
 enum class ChipState { running, asleep, offProgram, stackOverflow, stackUnderflow };
+
+// One wire to a pin: a voltage behind a resistance, from 0 up; an infinite one carries nothing.
+struct ChipWire {
+    double volts = 0, ohms = std::numeric_limits<double>::infinity();
+};
 
 class CSimChip {
 public:
@@ -48,7 +54,7 @@ public:
     // At least one instruction, then until the program counter is at an address that `stops` has set (indexed by the
     // chip's own addresses; it may be shorter than the memory), at most `most` in all; cycles of sleep count as well.
     // Ends with any state other than running, but asleep only when nothing inside the chip is due to happen, or at
-    // `most`.
+    // `most`; and behind the instruction that has changed a watched pin.
     ChipState RunTo(const std::vector<bool> &stops, uint64_t most);
 
     // Whether anything is due inside the chip: a watchdog, a timer. False while asleep: only a pin can wake it.
@@ -76,6 +82,20 @@ public:
     bool WriteRegister(uint32_t address, uint8_t value);          // as the chip itself would; PCL: a jump of no cycles
     std::optional<uint8_t> ReadEeprom(uint32_t address) const;
     bool WriteEeprom(uint32_t address, uint8_t value);
+
+    // The oscillator that the chip's configuration reckons with, in hertz; one inside of the chip runs at its own rate.
+    // Resets leave it.
+    void SetClockRate(double hertz);
+
+    // Pins, by their numbers on the chip's case. Names without regard to case: "RB0", "portb0", "GP3", "MCLR", and what a
+    // pin is at the time ("an0"). A pin that shares its place with MCLR is found by its own name, too.
+    std::optional<int> FindPin(const std::string &name) const;
+    // All that hangs on the pin from now on, in the place of what did. At once: an input sees it before the next
+    // instruction, and a change of the reset pin resets the chip.
+    void SetWires(int pin, const std::vector<ChipWire> &wires);
+    double PinVoltage(int pin) const;
+    void WatchPin(int pin, bool on);
+    bool TakePinChange();  // whether a watched pin has another voltage since the last call
 
     // Return addresses, the innermost last; behind an overflow of a mid-range chip those that are left of them.
     std::vector<uint32_t> Stack() const;

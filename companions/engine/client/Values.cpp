@@ -296,6 +296,9 @@ ENGINE_EXPORT int DbgRemovePinVChangeCallBack(int pin, DbgPinVChangeFn *fn, void
 ENGINE_EXPORT int DbgGetClk(int64_t *cycles) {
     return Ask(Request::cycles, cycles);
 }
+ENGINE_EXPORT int DbgSetClkRate(int hertz) {
+    return Tell(Request::setClockRate, hertz);
+}
 
 namespace {
 
@@ -328,5 +331,6 @@ namespace {
 [[maybe_unused]] constexpr DbgSetConnectionVFn *kSetV = &DbgSetConnectionV;
 [[maybe_unused]] constexpr DbgGetPinVFn *kPinV = &DbgGetPinV;
 [[maybe_unused]] constexpr DbgGetClkFn *kClk = &DbgGetClk;
+[[maybe_unused]] constexpr DbgSetClkRateFn *kClkRate = &DbgSetClkRate;
 
 }  // namespace

@@ -31,22 +31,30 @@ bool CRunControl::TellChanges(uint32_t address, bool on) {
     return value.has_value();
 }
 
-std::vector<int> CRunControl::ToldChanges() const {
-    std::vector<int> addresses;
-    for (const auto &[address, value] : told_) addresses.push_back(static_cast<int>(address));
-    return addresses;
+std::optional<std::pair<int, int>> CRunControl::TakeChange() {
+    for (auto &[address, last] : told_) {
+        const uint8_t now = chip_.ReadRegister(address).value_or(last);
+        if (std::exchange(last, now) != now) return std::pair(static_cast<int>(address), int{now});
+    }
+    return std::nullopt;
 }
 
+// At most as many as there are: an event may change another one, and the run has to go on.
 void CRunControl::TellChanges(CSessionEvents &events) {
-    // An event may add or remove one.
-    std::vector<std::pair<uint32_t, uint8_t>> changes;
-    for (auto &[address, last] : told_) {
-        uint8_t now = chip_.ReadRegister(address).value_or(last);
-        if (now == last) continue;
-        last = now;
-        changes.emplace_back(address, now);
+    for (size_t most = told_.size(); most > 0; --most) {
+        const auto change = TakeChange();
+        if (!change) return;
+        events.RegisterChanged(change->first, change->second);
     }
-    for (const auto &[address, value] : changes) events.RegisterChanged(static_cast<int>(address), value);
+}
+
+void CRunControl::TellPins(CSessionEvents &events) {
+    if (!connections_) return;
+    for (size_t most = connections_->All().size(); most > 0; --most) {
+        const auto change = connections_->TakeChange();
+        if (!change) return;
+        events.PinChanged(change->id, change->volts);
+    }
 }
 
 void CRunControl::WasReset() {
@@ -86,7 +94,8 @@ CRunControl::End CRunControl::OneInstruction(CSessionEvents &events) {
     bool written = watchpoints_.Any() && watchpoints_.TakeWritten();
     if (profile_) profile_->Add(from, chip_.Cycles() - before);
     if (tell_) events.InstructionDone(static_cast<int>(from), static_cast<int64_t>(Cycles()));
-    if (!told_.empty()) TellChanges(events);
+    TellChanges(events);
+    TellPins(events);
     if (End end = Judge(state, events)) return end;
     if (asleep_) return std::nullopt;  // it comes to the next instruction when it wakes
     if (StopsAt(chip_.ProgramCounter(), events) || written) return Ended(kDbgStopped);
@@ -100,6 +109,7 @@ CRunControl::End CRunControl::Rush(CSessionEvents &events, int64_t &budget) {
     const uint64_t before = chip_.Cycles();
     ChipState state = chip_.RunTo(breakpoints_.Stops(), static_cast<uint64_t>(budget));
     budget -= std::max<int64_t>(1, static_cast<int64_t>(chip_.Cycles() - before));
+    TellPins(events);
     if (End end = Judge(state, events)) return end;
     if (asleep_) return std::nullopt;
     if (StopsAt(chip_.ProgramCounter(), events) || plan_.Passed(budget <= 0)) return Ended(kDbgStopped);

@@ -4,10 +4,12 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "Breakpoints.h"
 #include "Chip.h"
+#include "Connections.h"
 #include "CycleProfile.h"
 #include "Session.h"
 #include "StepPlan.h"
@@ -17,6 +19,7 @@ class CRunControl {
 public:
     // All must outlive this.
     CRunControl(IChip &chip, const IProgramMap &map, CBreakpoints &breakpoints, CWatchpoints &watchpoints);
+    void TellPinsOf(CConnections &connections) { connections_ = &connections; }  // which must outlive this
 
     bool Start(RunKind kind);
     CSession::SliceEnd Slice(CSessionEvents &events);  // see CSession
@@ -26,7 +29,10 @@ public:
     void CountInto(CCycleProfile *profile) { profile_ = profile; }  // null: no profile
 
     bool TellChanges(uint32_t address, bool on);  // of a byte of data memory; false: there is none
-    std::vector<int> ToldChanges() const;         // their addresses
+    using Values = std::map<uint32_t, uint8_t>;
+    const Values &Told() const { return told_; }  // their addresses, with the values told last
+    void TellAs(const Values &told) { told_ = told; }
+    std::optional<std::pair<int, int>> TakeChange();  // one that hasn't been told: address and value; then it has
 
     void WasReset();  // the chip has been: forgets what was under way, and its clock begins anew
     uint64_t Cycles() const { return chip_.Cycles() - resetAt_; }
@@ -41,6 +47,7 @@ private:
     End Rush(CSessionEvents &events, int64_t &budget);
     End Judge(ChipState state, CSessionEvents &events);
     void TellChanges(CSessionEvents &events);
+    void TellPins(CSessionEvents &events);
     bool StopsAt(uint32_t address, CSessionEvents &events);
     CSession::SliceEnd Ended(int reason);
 
@@ -48,8 +55,9 @@ private:
     CBreakpoints &breakpoints_;
     CWatchpoints &watchpoints_;
     CStepPlan plan_;
+    CConnections *connections_ = nullptr;
     CCycleProfile *profile_ = nullptr;
-    std::map<uint32_t, uint8_t> told_;  // address and last value of what TellChanges has put in
+    Values told_;
     uint64_t resetAt_ = 0;  // the chip's cycles at that time
     bool tell_ = false;
     bool asleep_ = false;

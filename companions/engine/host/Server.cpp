@@ -35,9 +35,11 @@ void CServer::Run() {
     for (;;) {
         const uint32_t seen = block_.toHost.Count();
         if (AnswerCall()) continue;
+        if (block_.eventWaits == 0 && TellChange()) continue;
         if (stop_ && block_.eventWaits == 0) {
             TellStop();
         } else if (running_ && !stop_ && !IsHeld()) {
+            changesInARow_ = 0;
             RunSlice();
         } else {
             WaitForBell(seen);
@@ -60,7 +62,19 @@ void CServer::RunSlice() {
     Post(EventKind::clock, [&](SharedEvent &event) { FillClock(event, session_->Cycles()); });
 }
 
+// Such a change can be the answer to the one before it, without end: a stop and a slice get their turn all the same.
+bool CServer::TellChange() {
+    constexpr int kMostInARow = 1000;
+    if (!session_ || ((running_ || stop_) && changesInARow_ >= kMostInARow)) return false;
+    const auto change = session_->TakeChange();
+    if (!change) return false;
+    ++changesInARow_;
+    change->isPin ? PostPin(change->handle, change->volts) : PostRegister(change->handle, change->value);
+    return true;
+}
+
 void CServer::TellStop() {
+    changesInARow_ = 0;
     const int reason = *stop_;
     running_ = false;
     stop_.reset();
@@ -83,19 +97,27 @@ void CServer::InstructionDone(int address, int64_t cycles) {
 }
 
 void CServer::RegisterChanged(int handle, int value) {
-    Post(EventKind::registerChanged, [&](SharedEvent &event) {
-        event.handle = handle;
-        event.value = value;
-    });
+    PostRegister(handle, value);
     AwaitRelease();
 }
 
 void CServer::PinChanged(int pin, double volts) {
+    PostPin(pin, volts);
+    AwaitRelease();
+}
+
+void CServer::PostRegister(int handle, int value) {
+    Post(EventKind::registerChanged, [&](SharedEvent &event) {
+        event.handle = handle;
+        event.value = value;
+    });
+}
+
+void CServer::PostPin(int pin, double volts) {
     Post(EventKind::pinChanged, [&](SharedEvent &event) {
         event.handle = pin;
         event.volts = volts;
     });
-    AwaitRelease();
 }
 
 void CServer::Tell(int reason, const std::string &text) {

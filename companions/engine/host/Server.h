@@ -48,7 +48,10 @@ private:
     bool IsStanding() const { return !running_ && !stop_; }
     bool IsHeld() const { return block_.eventWaits != 0 || block_.locks > 0; }
     void RunSlice();
+    bool TellChange();  // one that no slice has told; when the last event has been dealt with
     void TellStop();
+    void PostRegister(int handle, int value);
+    void PostPin(int pin, double volts);
     template <typename Fill>
     void Post(EventKind kind, Fill fill);  // once the last event has been dealt with
     void AwaitRelease();                   // until the event has been dealt with and no lock holds the target
@@ -66,5 +69,6 @@ private:
     bool running_ = false;
     std::optional<int> stop_;  // the reason of a stop that the debugger hasn't been told yet
     int64_t toldCycles_ = 0;   // at the last clock
+    int changesInARow_ = 0;    // told with neither a slice nor a stop between them
     std::chrono::steady_clock::time_point toldAt_;
 };

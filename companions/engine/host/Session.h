@@ -96,6 +96,7 @@ public:
     virtual bool DeleteWatchpoint(int id) = 0;
 
     // For plug-ins. A watched register or pin is told by each change, not at once.
+    virtual bool SetClockRate(int hertz) = 0;
     virtual bool WatchRegister(int handle, bool on) = 0;
     virtual std::optional<int> ConnectPin(const std::string &pin) = 0;  // at least 1
     virtual bool ReleaseConnection(int connection) = 0;
@@ -104,9 +105,19 @@ public:
     virtual std::optional<double> PinV(int pin) = 0;
     virtual bool WatchPin(int pin, bool on) = 0;
 
+    // A watched register or pin that has changed without a slice that told it: by a call, a reset, a step back. It
+    // counts as told. Comes between two slices.
+    struct Change {
+        bool isPin = false;
+        int handle = 0, value = 0;
+        double volts = 0;
+    };
+    virtual std::optional<Change> TakeChange() = 0;
+
     // What isn't the target's but the user's, and stays as it is when the target goes back: breakpoints with their
-    // conditions, watchpoints, watched registers and pins, connections, all under their ids (hit counts and voltages go
-    // back with the target). What the session gives here, an earlier state of it takes when it is woken.
+    // conditions, watchpoints, watched registers and pins, connections with their voltages, all under their ids, and
+    // the clock rate (hit counts go back with the target). What the session gives here, an earlier state of it takes
+    // when it is woken.
     virtual std::string Settings() = 0;
     virtual void TakeSettings(const std::string &settings) = 0;
 };

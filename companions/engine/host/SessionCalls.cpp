@@ -157,6 +157,10 @@ bool WatchRegister(CSession &session, Reader &in, Writer &) {
     return session.WatchRegister(handle, in.Int() != 0);
 }
 
+bool SetClockRate(CSession &session, Reader &in, Writer &) {
+    return session.SetClockRate(in.Int());
+}
+
 bool ConnectPin(CSession &session, Reader &in, Writer &out) {
     return PutNumber(out, session.ConnectPin(in.Text()));
 }
@@ -238,6 +242,8 @@ Handler *HandlerOf(Request request) {
             return SetWatchpoint;
         case Request::deleteWatchpoint:
             return DeleteWatchpoint;
+        case Request::setClockRate:
+            return SetClockRate;
         case Request::watchRegister:
             return WatchRegister;
         case Request::connectPin:

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int kLeastRate = 1'000, kMostRate = 1'000'000'000;  // hertz, of what the simulator reckons well with
+
 // "PIC16F628A", "16f628a" and the like are one type.
 std::string TypeKey(std::string type) {
     std::transform(type.begin(), type.end(), type.begin(),
@@ -38,7 +40,8 @@ CSimSession::CSimSession(std::string type, std::unique_ptr<CSimChip> chip, std::
     : type_(std::move(type)),
       chip_(std::move(chip)),
       registers_(std::move(registers)),
-      face_(*chip_, registers_.get()) {}
+      face_(*chip_, registers_.get()),
+      connections_(*chip_) {}
 
 bool CSimSession::Load(const std::string &path, std::string &error) {
     auto image = CImage::Load(path, error);
@@ -49,6 +52,7 @@ bool CSimSession::Load(const std::string &path, std::string &error) {
     }
     if (!chip_->Load(image->Program(), error)) return false;
     loaded_ = std::make_unique<Loaded>(face_, std::move(image));
+    loaded_->control.TellPinsOf(connections_);
     Reset(true);
     return true;
 }
@@ -240,19 +244,38 @@ bool CSimSession::WatchRegister(int handle, bool on) {
     return loaded_ && handle >= 0 && loaded_->control.TellChanges(static_cast<uint32_t>(handle), on);
 }
 
-// The simulated chip opens no way to its pins, so a wish for one is refused.
-std::optional<int> CSimSession::ConnectPin(const std::string &) { return std::nullopt; }
-bool CSimSession::ReleaseConnection(int) { return false; }
-bool CSimSession::SetConnectionV(int, double) { return false; }
-bool CSimSession::SetConnectionR(int, double) { return false; }
-std::optional<double> CSimSession::PinV(int) { return std::nullopt; }
-bool CSimSession::WatchPin(int, bool) { return false; }
+bool CSimSession::SetClockRate(int hertz) {
+    if (!loaded_ || hertz < kLeastRate || hertz > kMostRate) return false;
+    clockRate_ = hertz;
+    chip_->SetClockRate(hertz);
+    return true;
+}
+
+std::optional<int> CSimSession::ConnectPin(const std::string &pin) {
+    if (!loaded_ || !connections_.Connect(nextId_, pin)) return std::nullopt;
+    return nextId_++;
+}
+
+bool CSimSession::ReleaseConnection(int connection) { return connections_.Release(connection); }
+bool CSimSession::SetConnectionV(int connection, double volts) { return connections_.SetVolts(connection, volts); }
+bool CSimSession::SetConnectionR(int connection, double ohms) { return connections_.SetOhms(connection, ohms); }
+std::optional<double> CSimSession::PinV(int pin) { return connections_.PinVolts(pin); }
+bool CSimSession::WatchPin(int pin, bool on) { return connections_.Watch(pin, on); }
+
+std::optional<CSession::Change> CSimSession::TakeChange() {
+    if (!loaded_) return std::nullopt;
+    if (auto change = connections_.TakeChange()) return Change{true, change->id, 0, change->volts};
+    if (auto change = loaded_->control.TakeChange()) return Change{false, change->first, change->second, 0};
+    return std::nullopt;
+}
 
 std::string CSimSession::Settings() {
     if (!loaded_) return {};
     StopSettings settings;
     settings.nextId = nextId_;
-    settings.registers = loaded_->control.ToldChanges();
+    settings.clockRate = clockRate_;
+    settings.registers = loaded_->control.Told();
+    settings.connections = connections_.All();
     TakeStops(loaded_->breakpoints, loaded_->watchpoints, settings);
     return WriteStopSettings(settings);
 }
@@ -261,8 +284,9 @@ void CSimSession::TakeSettings(const std::string &text) {
     StopSettings settings;
     if (!loaded_ || !ReadStopSettings(text, settings)) return;
     nextId_ = std::max(nextId_, settings.nextId);
-    for (int handle : loaded_->control.ToldChanges()) WatchRegister(handle, false);
-    for (int handle : settings.registers) WatchRegister(handle, true);
+    if (settings.clockRate > 0) SetClockRate(settings.clockRate);
+    loaded_->control.TellAs(settings.registers);
+    connections_.Replace(settings.connections);
     PutStops(settings, loaded_->breakpoints, loaded_->watchpoints);
 }
 

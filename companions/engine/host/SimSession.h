@@ -7,6 +7,7 @@
 
 #include "Breakpoints.h"
 #include "ChipFace.h"
+#include "Connections.h"
 #include "CycleProfile.h"
 #include "ImageMap.h"
 #include "Names.h"
@@ -54,6 +55,7 @@ public:
     std::optional<int> SetWatchpoint(const std::string &name, std::string &error) override;
     bool DeleteWatchpoint(int id) override;
 
+    bool SetClockRate(int hertz) override;
     bool WatchRegister(int handle, bool on) override;
     std::optional<int> ConnectPin(const std::string &pin) override;
     bool ReleaseConnection(int connection) override;
@@ -61,6 +63,7 @@ public:
     bool SetConnectionR(int connection, double ohms) override;
     std::optional<double> PinV(int pin) override;
     bool WatchPin(int pin, bool on) override;
+    std::optional<Change> TakeChange() override;
 
     std::string Settings() override;
     void TakeSettings(const std::string &settings) override;
@@ -85,6 +88,8 @@ private:
     std::unique_ptr<CSimChip> chip_;
     std::unique_ptr<CRegisterInfo> registers_;
     CChipFace face_;
+    CConnections connections_;
     std::unique_ptr<Loaded> loaded_;
-    int nextId_ = 1;  // of breakpoints and watchpoints
+    int nextId_ = 1;     // of breakpoints, watchpoints and connections
+    int clockRate_ = 0;  // hertz; 0: not set
 };

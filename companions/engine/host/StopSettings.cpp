@@ -10,6 +10,10 @@ namespace {
 class CWriter {
 public:
     void Put(int64_t number) { text_ += std::to_string(number) + ' '; }
+    void PutReal(double real) {
+        char digits[32];
+        text_.append(digits, std::to_chars(digits, digits + sizeof digits, real).ptr) += ' ';
+    }
     void Put(const std::string &text) {
         Put(static_cast<int64_t>(text.size()));
         text_ += text;
@@ -24,14 +28,8 @@ class CReader {
 public:
     explicit CReader(std::string_view text) : rest_(text) {}
 
-    int64_t Number() {
-        int64_t number = 0;
-        auto [end, failure] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), number);
-        size_t length = static_cast<size_t>(end - rest_.data());
-        if (failure != std::errc() || length == rest_.size() || rest_[length] != ' ') return Fail();
-        rest_.remove_prefix(length + 1);
-        return number;
-    }
+    int64_t Number() { return Read<int64_t>(); }
+    double Real() { return Read<double>(); }
     int Int() { return static_cast<int>(Number()); }
     size_t Count() {  // of parts that follow, each of a character at least
         int64_t count = Number();
@@ -46,6 +44,15 @@ public:
     bool IsGood() const { return good_; }
 
 private:
+    template <typename Value>
+    Value Read() {
+        Value value = 0;
+        auto [end, failure] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
+        size_t length = static_cast<size_t>(end - rest_.data());
+        if (failure != std::errc() || length == rest_.size() || rest_[length] != ' ') return static_cast<Value>(Fail());
+        rest_.remove_prefix(length + 1);
+        return value;
+    }
     int64_t Fail() {
         good_ = false;
         rest_ = {};
@@ -102,7 +109,16 @@ std::string WriteStopSettings(const StopSettings &settings) {
         out.Put(name);
     }
     out.Put(static_cast<int64_t>(settings.registers.size()));
-    for (int handle : settings.registers) out.Put(handle);
+    for (const auto &[address, value] : settings.registers) {
+        out.Put(address);
+        out.Put(value);
+    }
+    out.Put(static_cast<int64_t>(settings.connections.size()));
+    for (const auto &[id, connection] : settings.connections) {
+        for (int64_t number : {id, connection.pin, int{connection.drives}, int{connection.watched}}) out.Put(number);
+        for (double real : {connection.volts, connection.ohms, connection.told}) out.PutReal(real);
+    }
+    out.Put(settings.clockRate);
     return out.Take();
 }
 
@@ -126,7 +142,20 @@ bool ReadStopSettings(const std::string &text, StopSettings &settings) {
         int id = in.Int();
         read.watchpoints.emplace_back(id, in.Text());
     }
-    for (size_t count = in.Count(); count > 0 && in.IsGood(); count--) read.registers.push_back(in.Int());
+    for (size_t count = in.Count(); count > 0 && in.IsGood(); count--) {
+        const auto address = static_cast<uint32_t>(in.Number());
+        read.registers[address] = static_cast<uint8_t>(in.Number());
+    }
+    for (size_t count = in.Count(); count > 0 && in.IsGood(); count--) {
+        Connection &connection = read.connections[in.Int()];
+        connection.pin = in.Int();
+        connection.drives = in.Int() != 0;
+        connection.watched = in.Int() != 0;
+        connection.volts = in.Real();
+        connection.ohms = in.Real();
+        connection.told = in.Real();
+    }
+    read.clockRate = in.Int();
     if (!in.IsGood()) return false;
     settings = std::move(read);
     return true;

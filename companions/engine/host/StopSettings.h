@@ -1,11 +1,13 @@
 // What the user has set in a session, in one text that another state of the same session reads.
 #pragma once
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "Breakpoints.h"
+#include "Connections.h"
 #include "Watchpoints.h"
 
 struct StopSettings {
@@ -19,7 +21,9 @@ struct StopSettings {
     int nextId = 1;
     std::vector<Breakpoint> breakpoints;
     std::vector<std::pair<int, std::string>> watchpoints;  // id and name
-    std::vector<int> registers;                            // whose changes are told
+    std::map<uint32_t, uint8_t> registers;                 // whose changes are told, with the values told last
+    std::map<int, Connection> connections;
+    int clockRate = 0;  // hertz; 0: not set
 };
 
 // The breakpoints and watchpoints, to and from; the other members are left alone. What is there under its id already

@@ -47,6 +47,7 @@ enum class Request : uint32_t {
     resetHitCount,  // number id
     setWatchpoint,  // text name; number id, else text error
     deleteWatchpoint,
+    setClockRate,   // number hertz
     watchRegister,  // number handle, number on
     connectPin,     // text pin; number connection
     releaseConnection,
