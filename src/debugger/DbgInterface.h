@@ -59,6 +59,11 @@ public:
     int Call(Fn *EngineCalls::*entry, Arguments... arguments) const {
         return engine_.Call(entry, arguments...);
     }
+    // Reads a text of the engine's: debugger.Read(&EngineReaders::dbgBitNames, text, fn, user). False when it can't be.
+    template <typename Fn, typename... Arguments>
+    bool Read(Fn *EngineReaders::*reader, Arguments... arguments) const {
+        return engine_.Read(reader, arguments...);
+    }
 
 private:
     bool Begin(const std::string &target, const std::string &image);

@@ -154,6 +154,7 @@ void CDebugSession::DropMainBreakpoint() {
 }
 
 void CDebugSession::ShowStop(const StopRecord &record) {
+    ++stops_;
     CIDEApp &app = CIDEApp::Get();
     CListBar &listBar = Frame().ListBar();
     if (!record.file.empty()) {

@@ -33,6 +33,7 @@ public:
     bool IsOpen() const { return open_; }        // a run exists (`debugging`)
     bool IsRunning() const { return running_; }  // its target runs; any thread
     CRunClock &Clock() { return clock_; }
+    unsigned StopCount() const { return stops_; }  // stops that were shown, over all runs
 
     // Starts a run of the active project. False, with the reason in the build list and all as it was, without one.
     bool Start(StartMode mode);
@@ -97,4 +98,5 @@ private:
     bool firstPosition_ = false;
     bool profiling_ = false, snapshot_ = false;
     int mainBreakpointId_ = -1;
+    unsigned stops_ = 0;
 };
