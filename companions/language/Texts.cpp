@@ -392,9 +392,17 @@ constexpr TextRow kTexts[] = {
     {IDS_WATCHPOINT_NOT_REMOVED, "!E: The watchpoint on %s can't be taken away."},
     {IDS_MENU_SET_WATCHPOINT, "Stop on &Writes to %s"},
     {IDS_MENU_CLEAR_WATCHPOINT, "&Don't Stop on Writes to %s"},
+    {IDS_NO_EEPROM, "This chip has no EEPROM"},
+    {IDS_MEMORY_CHANGED, "Changed since the last stop"},
+    {IDS_MEMORY_UNREADABLE, "Can't be read"},
+    {IDS_MEMORY_WRITTEN, "Set by you"},
+    {IDS_MEMORY_NOT_WRITTEN, "The simulator refused the new value"},
+    {IDS_MEMORY_POINTER, "The indirect pointer (FSR) points here"},
+    {IDS_MEMORY_WATCHED, "The program stops when this is written"},
 
     // Profile
     {IDS_PROFILE_COPY_HEADER, "Function\tShare\tCycles"},
+    {IDS_PROFILE_OFF, "Profiling is off"},
 
     // Project tree
     {IDS_OUTPUT_FOLDER, "Output"},

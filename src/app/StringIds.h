@@ -378,9 +378,17 @@ enum StringId : int {
     IDS_WATCHPOINT_NOT_REMOVED = 1046,    // %s the name; build list
     IDS_MENU_SET_WATCHPOINT = 1047,       // %s the place; menu entries
     IDS_MENU_CLEAR_WATCHPOINT = 1048,     // %s
+    IDS_NO_EEPROM = 1049,                 // in the empty view
+    IDS_MEMORY_CHANGED = 1050,            // six: what the looks of a byte mean; in tool tips
+    IDS_MEMORY_UNREADABLE = 1051,
+    IDS_MEMORY_WRITTEN = 1052,
+    IDS_MEMORY_NOT_WRITTEN = 1053,
+    IDS_MEMORY_POINTER = 1054,
+    IDS_MEMORY_WATCHED = 1055,
 
     // Profile
     IDS_PROFILE_COPY_HEADER = 1060,       // first line of copied rows
+    IDS_PROFILE_OFF = 1061,               // in the empty view
 
     // Editor settings
     IDS_DIALOG_EDITOR_SETTINGS = 710,
