@@ -38,10 +38,13 @@ void UnlockViews() {
     ForEachView([](CIDEView &view) { view.AllowEditing(); });
 }
 
+void RemoveExecutionMarksFromSources() {
+    ForEachView([](const CIDEView &view) { view.Send(SCI_MARKERDELETEALL, kExecutionMark); });
+}
+
 void RemoveExecutionMarks() {
-    const auto remove = [](const CIDEView &view) { view.Send(SCI_MARKERDELETEALL, kExecutionMark); };
-    ForEachView(remove);
-    remove(Listing());
+    RemoveExecutionMarksFromSources();
+    Listing().Send(SCI_MARKERDELETEALL, kExecutionMark);
 }
 
 void ShowAsRunning() {

@@ -64,7 +64,7 @@ using DbgGetErrorTextFn = int(char *buffer, int size);
 using DbgSetExecutionChangeCallbackFn = int(DbgExecutionFn *fn, void *user);
 
 // With the profile off, the clock callback comes some times a second while the target runs, and before each stop; with
-// it on, both callbacks come for each instruction.
+// it on, both callbacks come for each instruction. Behind the stop of a step back it tells the time that holds again.
 using DbgSetClkCallBackFn = int(DbgClockFn *fn, void *user);
 // Only the pair that was set can be removed. A call that is being made meanwhile goes on to its end.
 using DbgRemoveClkCallBackFn = int(DbgClockFn *fn, void *user);

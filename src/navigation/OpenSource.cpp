@@ -9,6 +9,7 @@
 #include "app/Path.h"
 #include "app/ProjectDirScope.h"
 #include "app/Settings.h"
+#include "debugger/DebugViews.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "editor/ViewSetup.h"
@@ -38,8 +39,6 @@ bool IsForEditor(const std::string &file) {
 void ShowLine(CIDEView &view, intptr_t line, bool mark) {
     if (mark) {
         CIDEApp::Get().editorProperties.ApplyExecutionColour(view.Sci());
-        const intptr_t old = view.Send(SCI_MARKERNEXT, 0, 1 << kMarkerExecution);
-        if (old >= 0) view.Send(SCI_MARKERDELETE, static_cast<uintptr_t>(old), kMarkerExecution);
         view.Send(SCI_MARKERADD, static_cast<uintptr_t>(line), kMarkerExecution);
         const intptr_t start = view.Send(SCI_POSITIONFROMLINE, static_cast<uintptr_t>(line));
         view.Send(SCI_SETSEL, static_cast<uintptr_t>(start), start);
@@ -70,6 +69,7 @@ CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
         document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(full, true));
     }
     if (!document) return nullptr;
+    if (mark) RemoveExecutionMarksFromSources();
     const intptr_t last = document->GetFirstCodeView() ? document->GetFirstCodeView()->Send(SCI_GETLINECOUNT) - 1 : 0;
     for (CIDEView *view : document->GetCodeViews())
         ShowLine(*view, std::clamp<intptr_t>(line - 1, 0, std::max<intptr_t>(last, 0)), mark);

@@ -167,12 +167,16 @@ void CRun::Deliver(const SharedEvent &event) {
 }
 
 void CRun::DeliverStop(const SharedEvent &event) {
-    DeliverClock(event.passed, event.clk);
+    // Who hears of a step back puts his own clock back first, and then gets the true time.
+    const bool back = event.reason == kDbgAfterStepBack;
+    if (!back) DeliverClock(event.passed, event.clk);
     --stopsToCome_;
     const ExecutionCallback execution = callbacks_.Execution();
-    if (!execution.fn || ended_) return;
-    const std::string file = TextOf(event.file);
-    execution.fn(event.reason, file.c_str(), event.line, event.address, nullptr, execution.user);
+    if (execution.fn && !ended_) {
+        const std::string file = TextOf(event.file);
+        execution.fn(event.reason, file.c_str(), event.line, event.address, nullptr, execution.user);
+    }
+    if (back && !ended_) DeliverClock(event.passed, event.clk);
 }
 
 void CRun::DeliverClock(int passed, int clk) {
