@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr std::string_view kSecondWord = "; second word";
+
 // The hexadecimal address that a line begins with, if `end` follows it. `line` goes on behind both.
 std::optional<uint32_t> TakeAddress(std::string_view &line, char end) {
     uint32_t address = 0;
@@ -17,15 +19,31 @@ std::optional<uint32_t> TakeAddress(std::string_view &line, char end) {
     return address;
 }
 
+// The first line of `text`, which goes on behind its end.
+std::string_view TakeLine(std::string_view &text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
+std::string_view Trimmed(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \r"), text.size()));
+    return text.substr(0, text.find_last_not_of(" \r") + 1);
+}
+
 std::set<uint32_t> ListedAddresses(std::string_view listing) {
     std::set<uint32_t> listed;
     while (!listing.empty()) {
-        const size_t end = std::min(listing.find('\n'), listing.size());
-        std::string_view line = listing.substr(0, end);
+        std::string_view line = TakeLine(listing);
         if (const auto address = TakeAddress(line, ' ')) listed.insert(listed.end(), *address);
-        listing.remove_prefix(std::min(end + 1, listing.size()));
     }
     return listed;
+}
+
+std::string LineText(uint32_t address, std::string_view word, std::string_view text) {
+    char columns[40];
+    std::snprintf(columns, sizeof columns, "%06x   %-4.8s     ", address, std::string(word).c_str());
+    return columns + std::string(text.empty() ? kSecondWord : text);
 }
 
 }  // namespace
@@ -46,14 +64,23 @@ std::set<uint32_t> ListingGaps(std::string_view listing, const CLinkedImage &ima
     return gaps;
 }
 
+std::string WithSecondWords(std::string_view listing) {
+    std::string text;
+    text.reserve(listing.size() + listing.size() / 8);
+    while (!listing.empty()) {
+        const std::string_view line = TakeLine(listing);
+        std::string_view rest = line;
+        const auto address = TakeAddress(rest, ' ');
+        const std::string_view word = Trimmed(rest);
+        const bool alone = address && !word.empty() && word.find(' ') == word.npos;
+        text.append(alone ? LineText(*address, word, {}) : line) += '\n';
+    }
+    return text;
+}
+
 std::string ListingLineOf(std::string_view disassembled, const std::set<uint32_t> &gaps) {
     const auto address = TakeAddress(disassembled, ':');
     if (!address || !gaps.contains(*address)) return {};
-    disassembled.remove_prefix(std::min(disassembled.find_first_not_of(' '), disassembled.size()));
-    const size_t code = std::min(disassembled.find(' '), disassembled.size());
-    const size_t text = std::min(disassembled.find_first_not_of(' ', code), disassembled.size());
-    char line[40];
-    std::snprintf(line, sizeof line, text < disassembled.size() ? "%06x   %-4.8s     " : "%06x   %.8s", *address,
-                  std::string(disassembled.substr(0, code)).c_str());
-    return line + std::string(disassembled.substr(text));
+    const std::string_view columns = Trimmed(disassembled), word = columns.substr(0, columns.find(' '));
+    return LineText(*address, word, Trimmed(columns.substr(word.size())));
 }

@@ -213,12 +213,13 @@ void CompleteListing(const Arguments &arguments) {
         const std::string listing = ReadWholeFile(FromNativePath(name)).value_or("");
         const CLinkedImage image(CObjectFile(FromNativePath(ImageWithExtension(arguments, ".cof"))), arguments.size);
         const std::set<uint32_t> gaps = ListingGaps(listing, image);
-        if (listing.empty() || gaps.empty()) return;
-        std::string lines;
-        RunTool({"gpdasm", "-i", "-p", arguments.processor, program}, Repetition::keep, [&](std::string_view text) {
-            if (const std::string line = ListingLineOf(text, gaps); !line.empty()) lines += line + "\n";
-        });
-        if (!lines.empty()) ReplaceWholeFile(FromNativePath(name), listing + kNoSourceHeading + lines);
+        std::string complete = WithSecondWords(listing), lines;
+        const auto add = [&](std::string_view disassembled) {
+            if (const std::string line = ListingLineOf(disassembled, gaps); !line.empty()) lines += line + "\n";
+        };
+        if (!gaps.empty()) RunTool({"gpdasm", "-i", "-p", arguments.processor, program}, Repetition::keep, add);
+        if (!lines.empty()) complete += kNoSourceHeading + lines;
+        if (complete != listing) ReplaceWholeFile(FromNativePath(name), complete);
     } catch (const std::exception &) {  // out of memory
     }
 }
