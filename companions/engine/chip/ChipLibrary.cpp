@@ -72,7 +72,7 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
     : cpu(chip),
       isPic18(pic18),
       resetListener(*new CResetListener),  // the library deletes it when it is removed
-      pins(chip) {
+      pins(chip, seenStackFlags) {
     gi.add_interface(&resetListener);
     cpu.setBreakOnReset(true);
     if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {

@@ -74,7 +74,7 @@ struct CSimChip::Impl {
     CChipPins pins;
     CRingStack *ring = nullptr;                // null: the chip has another kind of stack
     const unsigned int *stackFlags = nullptr;  // of StackFlag
-    unsigned int seenStackFlags = 0;
+    unsigned int seenStackFlags = 0;           // and the pins' alarm, which makes the run look at both
     uint64_t resets = 0;
     double clockRate = 0;     // of SetClockRate, hertz; 0: the library's own
     uint64_t firstCycle = 0;  // the library's count at the power-on reset; it never goes back

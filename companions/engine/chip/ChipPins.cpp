@@ -30,8 +30,8 @@ std::string PinKey(std::string name) {
 
 }  // namespace
 
-COutside::COutside(IOPIN &pin, std::vector<ChipWire> board, bool &changed)
-    : stimulus(nullptr), board_(std::move(board)), changed_(changed) {
+COutside::COutside(IOPIN &pin, std::vector<ChipWire> board, CChipPins &pins)
+    : stimulus(nullptr), board_(std::move(board)), pins_(pins) {
     SetWires({});
     if (!pin.snode) (new Stimulus_Node)->attach_stimulus(&pin);
     pin.snode->attach_stimulus(this);
@@ -61,7 +61,7 @@ void COutside::set_nodeVoltage(double volts) {
     constexpr double kNoise = 1e-9;
     if (std::abs(volts - last_) < kNoise) return;
     last_ = volts;
-    changed_ = changed_ || watched;
+    if (watched) pins_.HasChanged();
 }
 
 std::optional<int> CChipPins::Find(const std::string &name) const {
@@ -86,7 +86,7 @@ COutside &CChipPins::At(int pin) {
         IOPIN &there = *cpu_.package->get_pin(static_cast<unsigned int>(pin));
         std::vector<ChipWire> board;
         if (&there == ResetPin::Of(cpu_)) board.push_back({cpu_.get_Vdd(), kResetPullUpOhms});
-        outside = std::make_unique<COutside>(there, std::move(board), changed);
+        outside = std::make_unique<COutside>(there, std::move(board), *this);
     }
     return *outside;
 }

@@ -67,14 +67,14 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
 
         if (breaks.global_break) [[unlikely]]
             LookAtHalt(index, state);
-        if (const unsigned int flags = *stackFlags & kStackFlags; flags != seenStackFlags) [[unlikely]]
+        if (const unsigned int flags = *stackFlags & kStackFlags; flags != seenStackFlags) [[unlikely]] {
             LookAtStack(flags, state);
+            if (pins.changed) break;
+        }
         if (state != ChipState::running) return state;
         // Asleep, the program counter is at the next instruction already.
         if (const size_t address = static_cast<size_t>(pc.value) << shift;
             address < stopsEnd && (*stops)[address] && phase == execute)
-            break;
-        if (pins.changed) [[unlikely]]
             break;
     }
     return cpu.mCurrentPhase == idle ? ChipState::asleep : state;
