@@ -28,7 +28,7 @@ enum DbgReason : int {
     kDbgAfterReset = 3,
     kDbgAfterStepBack = 4,
     kDbgPlace = 5,          // a run has ended at a place to show
-    kDbgNoteSleep = 6,      // the chip sleeps and nothing will wake it
+    kDbgNoteSleep = 6,      // the chip sleeps, or is held in reset, and nothing but a pin will wake it
     kDbgNoteStack = 7,      // its stack has run over or under
     kDbgBadMemory = 8,      // stopped: it has run off its program memory
     kDbgText = 100,         // `text` for the output list; null clears it

@@ -51,7 +51,9 @@ void OnVolts(int pin, double volts, void *user) {
     heard.last = volts;
     ++heard.times;
 }
-void OnValue(int handle, int value, void *user) { OnVolts(handle, value, user); }
+void OnValue(int handle, int value, void *user) {
+    OnVolts(handle, value, user);
+}
 
 int Connect(const CDebugger &debugger, const char *pin) {
     int connection = -1;
@@ -128,9 +130,9 @@ TEST(RealPins, WatchdogKnowsTheClockRate) {
     const CLinkedProgram program(kDog);
     CDebugRun run(debugger, true, kDog.chip, program.ImageName());
     int id = 0;
-    ASSERT_EQ(debugger.Call<DbgSetBreakpointByLineFn>("DbgSetBreakpointByLine",
-                                                      program.Windows("main.asm").c_str(), 5, &id),
-              kDbgOk);
+    ASSERT_EQ(
+        debugger.Call<DbgSetBreakpointByLineFn>("DbgSetBreakpointByLine", program.Windows("main.asm").c_str(), 5, &id),
+        kDbgOk);
     auto bark = [&] {  // cycles between two resets of the watchdog
         run.Do("DbgRun");
         const int64_t before = debugger.Clk();

@@ -13,8 +13,7 @@ Connection *CConnections::Find(int id) {
 std::vector<ChipWire> CConnections::WiresOf(int pin) const {
     std::vector<ChipWire> wires;
     for (const auto &[id, connection] : connections_)
-        if (connection.pin == pin && connection.drives)
-            wires.push_back({connection.volts, connection.ohms});
+        if (connection.pin == pin && connection.drives) wires.push_back({connection.volts, connection.ohms});
     return wires;
 }
 

@@ -26,8 +26,9 @@ public:
     // A new one under this id; false when the chip has no such pin.
     bool Connect(int id, const std::string &pin);
     bool Release(int id);
-    bool SetVolts(int id, double volts);  // false, with nothing changed: no such connection, or no number to reckon with
-    bool SetOhms(int id, double ohms);    // 0 to infinity
+    // False, with nothing changed: no such connection, or a number that there's no reckoning with.
+    bool SetVolts(int id, double volts);
+    bool SetOhms(int id, double ohms);  // 0 to infinity
     std::optional<double> PinVolts(int id) const;
     bool Watch(int id, bool on);  // the voltage of its pin, from now on
 
@@ -38,8 +39,8 @@ public:
     // One watched pin whose voltage isn't the told one; it counts as told. Quick when there is none.
     std::optional<Change> TakeChange();
 
-    // All of them, for an earlier state of the same chip, which gets those and no others. A pin on which the same hangs
-    // as before isn't touched.
+    // All of them, for an earlier state of the same chip, which gets those and no others. A level that stays the same
+    // makes no edge on the way.
     const std::map<int, Connection> &All() const { return connections_; }
     void Replace(std::map<int, Connection> connections);
 
