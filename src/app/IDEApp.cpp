@@ -178,7 +178,8 @@ void CIDEApp::MapCommands() {
 
 bool CIDEApp::OnCmdMsg(int id, CCmdUI *ui) {
     if (CWinApp::OnCmdMsg(id, ui) || workspaces.OnCmdMsg(id, ui) || build.OnCmdMsg(id, ui) ||
-        debugCommands.OnCmdMsg(id, ui) || breakpointCommands.OnCmdMsg(id, ui))
+        debugCommands.OnCmdMsg(id, ui) || breakpointCommands.OnCmdMsg(id, ui) ||
+        (GetMainFrame() && GetMainFrame()->DebugBars().OnCmdMsg(id, ui)))
         return true;
     const auto inList = [id](int first) { return id >= first && id <= first + static_cast<int>(CRecentList::kEntries); };
     if (!inList(ID_RECENT_FILES) && !inList(ID_RECENT_WORKSPACES)) return false;

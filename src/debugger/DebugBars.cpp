@@ -1,5 +1,6 @@
 #include "debugger/DebugBars.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 #include "debugger/DebugBar.h"
@@ -25,12 +26,21 @@ void DebugBars::RefreshShown() { Refresh({registers, stack, ram, eeprom, watch, 
 
 void DebugBars::RefreshShownValues() { Refresh({registers, stack, ram, eeprom, watch}); }
 
+void DebugBars::RefreshBehindEdit(const CDebugBar &edited) {
+    for (CDebugBar *bar : {registers, ram, watch})
+        if (bar != &edited && bar->IsShowing()) bar->Refresh();
+}
+
 void DebugBars::EndRun() {
     for (CDebugBar *bar : All()) bar->EndRun();
 }
 
 void DebugBars::Clear() {
     for (CDebugBar *bar : All()) bar->Clear();
+}
+
+bool DebugBars::OnCmdMsg(int id, CCmdUI *ui) const {
+    return std::ranges::any_of(All(), [=](CDebugBar *bar) { return bar && bar->OnCmdMsg(id, ui); });
 }
 
 void DebugBars::MarkWatchpoint(const std::string &name, bool on) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+class CCmdUI;
 class CDebugBar;
 
 // Owned by the main frame's window. Main thread.
@@ -15,8 +16,11 @@ struct DebugBars {
     void BlankValues();
     void RefreshShown();        // at a stop
     void RefreshShownValues();  // while the target runs: all but the profile, which has its own pace
+    void RefreshBehindEdit(const CDebugBar &edited);  // others that show the bytes which the user has written in one
     void EndRun();              // what the project keeps of them is written; the last values stay on view
     void Clear();               // another project is active
+
+    bool OnCmdMsg(int id, CCmdUI *ui) const;  // the commands on rows and cells of a bar; see CCmdTarget
 
     void MarkWatchpoint(const std::string &name, bool on);
     void ClearWatchpointMarks();

@@ -49,4 +49,8 @@ void CMarkerSection::SetText(const char *key, int index, const std::string &valu
     values_.emplace_back(KeyOf(key, index), Guarded(value));
 }
 
+void CMarkerSection::SetNumber(std::string key, int value) {
+    values_.emplace_back(std::move(key), std::to_string(value));
+}
+
 bool CMarkerSection::Write() const { return WritePrivateProfileKeys(name_.c_str(), values_, file_.c_str()); }

@@ -1,4 +1,5 @@
-// One section of a project's file in which markers are stored: each value under a name with the marker's index behind.
+// One section of a project's file in which a list is stored, as of markers: each value under a name with the entry's index
+// behind.
 #pragma once
 
 #include <string>
@@ -18,6 +19,7 @@ public:
     void SetCount(int count);
     void SetInt(const char *key, int index, int value);
     void SetText(const char *key, int index, const std::string &value);
+    void SetNumber(std::string key, int value);  // under a name of its own
     bool Write() const;
 
 private:

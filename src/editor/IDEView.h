@@ -108,12 +108,16 @@ private:
     void ShowValueTip(const SciLexerNotification &notification);
     intptr_t MoveCaretForMenu(const QPoint &at);  // gives the position there
     void AddSymbolEntries(QMenu &menu, intptr_t position);
+    void AddWatchEntry(QMenu &menu, intptr_t position);
     void AddBreakpointEntries(QMenu &menu, intptr_t position);
     std::unique_ptr<QMenu> MakeFunctionMenu();  // null when the document has no functions
 
     void ToggleBreakpoint();
     void RunToCursor();
     void MapBreakpointCommands();
+    void MapWatchCommands();
+    void WatchAtCaret();
+    std::string SelectedLine() const;  // the first line of the selection, empty without one
     void BreakpointProperties();
     void GotoBookmark(bool next);
     void GotoLine();
@@ -129,6 +133,7 @@ private:
     bool plain_ = false;  // too large for colours
     int partial_ = 0;     // the text that tells why what is shown isn't what the file holds; 0 when it is
     std::optional<BrowseRecord> menuSymbol_;  // what the open context menu can go to
+    std::string watchText_;                   // what it can watch
     intptr_t lastEditPos_ = -1;
     intptr_t lastEditTopLine_ = 0;
 };

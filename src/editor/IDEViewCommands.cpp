@@ -49,6 +49,7 @@ void CIDEView::MapCommands() {
     OnCommand(ID_BOOKMARK_PREVIOUS, [this] { GotoBookmark(false); });
     OnCommand(ID_BOOKMARK_CLEAR, [this] { Send(SCI_MARKERDELETEALL, kMarkerBookmark); });
     MapBreakpointCommands();
+    MapWatchCommands();
     OnCommand(ID_LAST_EDIT, [this] { GotoLastEdit(); });
     OnCommand(ID_OPEN_COUNTERPART, [this] { OpenCounterpart(); });
     OnCommandRange(kFirstFunctionCommand, kLastFunctionCommand,

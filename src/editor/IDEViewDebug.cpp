@@ -1,4 +1,5 @@
 // What the code view does for debug runs: breakpoints on its lines, values under the pointer.
+#include <QApplication>
 #include <QCursor>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "app/StringIds.h"
 #include "debugger/BreakpointArming.h"
 #include "debugger/BreakpointCommands.h"
+#include "debugger/WatchBar.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
@@ -52,6 +54,21 @@ bool AddBreakpoint(const std::string &file, int line) {
     }
     app.breakpoints.Add(file, line, 0, id);
     return true;
+}
+
+// The bar comes to the front, the keyboard stays with the source.
+void WatchExpression(const std::string &text, bool ask) {
+    DebugBars &bars = CIDEApp::Get().GetMainFrame()->DebugBars();
+    auto &watches = static_cast<CWatchBar &>(*bars.watch);
+    if (text.empty()) return;
+    if (!watches.IsShowing()) {
+        watches.show();
+        watches.raise();
+    }
+    if (ask)
+        watches.AddWatchByDialog(text);
+    else
+        watches.AddWatch(text);
 }
 
 bool IsListingInFront() {
@@ -119,6 +136,31 @@ void CIDEView::RunToCursor() {
         ShowBreakpoint(*app.breakpoints.runToCursorMarker);
     }
     if (!app.debugCommands.Continue()) RemoveRunToCursorMarker();
+}
+
+void CIDEView::MapWatchCommands() {
+    OnCommand(
+        ID_WATCH_AT_CARET, [this] { WatchAtCaret(); },
+        [](CCmdUI &ui) { ui.Enable(CIDEApp::Get().session.IsOpen()); });
+    OnCommand(
+        ID_WATCH_AT_POINTER,
+        [this] {
+            const bool ask = !QApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
+            WatchExpression(std::exchange(watchText_, {}), ask);
+        },
+        [this](CCmdUI &ui) { ui.Enable(CIDEApp::Get().session.IsOpen() && !watchText_.empty()); });
+}
+
+std::string CIDEView::SelectedLine() const {
+    const std::string text = sci_.GetSelectedText();
+    return text.substr(0, text.find_first_of("\r\n"));
+}
+
+void CIDEView::WatchAtCaret() {
+    constexpr size_t kLongest = 255;  // bytes
+    std::string text = SelectedLine().substr(0, kLongest);
+    if (text.empty()) WordAt(sci_, Send(SCI_GETCURRENTPOS), text, IsWordChar);
+    WatchExpression(text, true);
 }
 
 void CIDEView::ShowValueTip(const SciLexerNotification &notification) {

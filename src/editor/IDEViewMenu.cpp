@@ -24,6 +24,7 @@
 namespace {
 
 constexpr size_t kMostFunctions = 1000;  // that have a command
+constexpr int kWatchCharacters = 40;     // of a text that an entry names
 
 // In these a compiler's names carry an underscore in front.
 constexpr std::array<std::string_view, 4> kPrefixedKinds = {".asm", ".lst", ".s", ".casm"};
@@ -68,6 +69,7 @@ void CIDEView::contextMenuEvent(QContextMenuEvent *event) {
     const qsizetype before = menu->actions().size();
     AddSymbolEntries(*menu, position);
     if (menu->actions().size() == before) menu->addSeparator();
+    AddWatchEntry(*menu, position);
     AddBreakpointEntries(*menu, position);
     if (functions) {
         menu->addSeparator();
@@ -75,6 +77,7 @@ void CIDEView::contextMenuEvent(QContextMenuEvent *event) {
     }
     if (!menu->isEmpty()) menu->exec(at);
     menuSymbol_.reset();
+    watchText_.clear();
     contextLine = -1;
 }
 
@@ -111,6 +114,21 @@ void CIDEView::AddSymbolEntries(QMenu &menu, intptr_t position) {
     const auto index = static_cast<size_t>(function - document.functions.begin());
     if (index < std::min(document.functions.size(), kMostFunctions))
         add(ID_FUNCTIONS + static_cast<int>(index), IDS_MENU_GOTO_FUNCTION, word);
+}
+
+// During a debug run: of the selection that the pointer is in, or else of the word under it.
+void CIDEView::AddWatchEntry(QMenu &menu, intptr_t position) {
+    if (!CIDEApp::Get().session.IsOpen()) return;
+    const intptr_t start = Send(SCI_GETSELECTIONSTART), end = Send(SCI_GETSELECTIONEND);
+    if (start != end && position >= start && position <= end)
+        watchText_ = SelectedLine();
+    else
+        WordAt(sci_, position, watchText_, IsWordChar);
+    if (watchText_.empty()) return;
+    const QString shown = menu.fontMetrics().elidedText(ToQString(watchText_), Qt::ElideRight,
+                                                        menu.fontMetrics().averageCharWidth() * kWatchCharacters);
+    menu.addAction(CIDEApp::Get().GetMainFrame()->MakeCommandAction(
+        ID_WATCH_AT_POINTER, LoadText(IDS_MENU_ADD_WATCH, {EntryText(FromQString(shown))}), &menu));
 }
 
 // For the line under the pointer; a listing has no breakpoints.

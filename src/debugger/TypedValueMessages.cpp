@@ -1,0 +1,11 @@
+#include "debugger/TypedValueMessages.h"
+
+#include "app/IDEApp.h"
+#include "app/StringIds.h"
+#include "debugger/ValueFormat.h"
+#include "framework/Language.h"
+
+void TellNoNumber(int format) {
+    const bool known = format >= kDecimal && format <= kHexadecimal;
+    CIDEApp::Get().AddOutputLine(LoadText(IDS_NOT_DECIMAL + (known ? format : kDecimal)));
+}

@@ -1,0 +1,189 @@
+#include "debugger/WatchBar.h"
+
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "app/BarIds.h"
+#include "app/CommandIds.h"
+#include "app/IDEApp.h"
+#include "app/MainFrame.h"
+#include "app/Settings.h"
+#include "app/StringIds.h"
+#include "debugger/QuickWatchDlg.h"
+#include "debugger/ValueTree.h"
+#include "debugger/WatchDropTarget.h"
+#include "debugger/WatchItem.h"
+#include "debugger/WatchList.h"
+#include "framework/Language.h"
+#include "framework/Text.h"
+
+namespace {
+
+bool IsDebugging() { return CIDEApp::Get().session.IsOpen(); }
+int DefaultFormat() { return GetUserInt("Debugger", "DefWatchFormat", 0); }
+CWatchItem *WatchOf(CPropTreeItem *row) { return static_cast<CWatchItem *>(row); }
+
+std::string CutToLongest(const std::string &text) {
+    std::string cut = FromQString(ToQString(text).trimmed());
+    while (cut.size() > kLongestWatch) cut = FromQString(ToQString(cut).chopped(1));
+    return cut;
+}
+
+}  // namespace
+
+CWatchBar::CWatchBar(QWidget *parent)
+    : CDebugBar(kBarWatch, IDS_BAR_WATCH, parent), tree_(new CValueTree("WatchNameWidth", this)) {
+    tree_->setRootIsDecorated(false);
+    SetContent(tree_);
+    MapCommands();
+    tree_->onActivate = [this](CPropTreeItem *row) { EditExpression(WatchOf(row)); };
+    tree_->onInsert = [this] { CIDEApp::Get().GetMainFrame()->RunCommand(ID_WATCH_ADD, this); };
+    tree_->onDelete = [this] { RemoveSelected(); };
+    tree_->onMenu = [this](CPropTreeItem *row, const QPoint &at) { ShowMenu(row, at); };
+    new CWatchDropTarget(*tree_, [this](const std::string &text) { TakeDrop(text); });
+}
+
+CWatchBar::~CWatchBar() {
+    if (IsDebugging()) Save();
+}
+
+template <typename Act>
+void CWatchBar::ForEachRow(Act act) const {
+    for (const auto &row : tree_->Items()) act(*WatchOf(row.get()));
+}
+
+CWatchItem *CWatchBar::CurrentRow() const { return WatchOf(tree_->GetCurrentItem()); }
+
+// --- A run ---
+
+void CWatchBar::BeginRun() {
+    tree_->Fill([this] {
+        tree_->DeleteAllItems();
+        for (const StoredWatch &watch : LoadWatches(CIDEApp::Get().GetActiveProjectPath(), DefaultFormat()))
+            InsertRow(watch.expression, watch.format);
+    });
+    ShowContent();
+}
+
+void CWatchBar::Refresh() { RefreshRows(); }
+
+void CWatchBar::RefreshRows() {
+    const CDebugSession &session = CIDEApp::Get().session;
+    // Values that are read again where the target stands still: what has changed at this stop goes on standing out.
+    const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
+    ForEachRow([sameStop](CWatchItem &row) { row.Refresh(sameStop); });
+    shownStop_ = session.StopCount();
+}
+
+void CWatchBar::BlankValues() {
+    ForEachRow([](CWatchItem &row) { row.Blank(); });
+}
+
+void CWatchBar::EndRun() { Save(); }
+
+void CWatchBar::Clear() {
+    tree_->DeleteAllItems();
+    ShowQuietText();
+}
+
+void CWatchBar::Save() const {
+    const std::string project = CIDEApp::Get().GetActiveProjectPath();
+    if (project.empty()) return;
+    std::vector<StoredWatch> watches;
+    ForEachRow([&](const CWatchItem &row) { watches.push_back({row.Expression(), row.Format()}); });
+    StoreWatches(project, watches);
+}
+
+// --- Rows ---
+
+void CWatchBar::InsertRow(const std::string &expression, int format) {
+    tree_->InsertItem(std::make_unique<CWatchItem>(expression, format, [this] { OnWritten(); }));
+}
+
+void CWatchBar::AddWatch(const std::string &text) {
+    const std::string expression = CutToLongest(text);
+    if (!IsDebugging() || expression.empty()) return;
+    InsertRow(expression, DefaultFormat());
+    tree_->SelectItem(tree_->Items().back().get());
+    RefreshRows();
+}
+
+bool CWatchBar::AskExpression(std::string &expression) {
+    std::vector<std::string> names;
+    for (const COspreyVar &variable : CIDEApp::Get().debugger.Variables().Variables()) names.push_back(variable.name);
+    CQuickWatchDlg dialog(CIDEApp::Get().GetMainFrame(), expression, names);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    expression = CutToLongest(dialog.Expression());
+    return !expression.empty() && IsDebugging();
+}
+
+void CWatchBar::AddWatchByDialog(const std::string &text) {
+    std::string expression = text;
+    if (IsDebugging() && AskExpression(expression)) AddWatch(expression);
+}
+
+void CWatchBar::EditExpression(CWatchItem *row) {
+    if (!row || !IsDebugging()) return;
+    std::string expression = row->Expression();
+    if (!AskExpression(expression) || !Holds(row)) return;
+    if (row->Expression() != expression) row->SetExpression(expression);
+    RefreshRows();
+}
+
+bool CWatchBar::Holds(const CWatchItem *row) const {
+    return std::ranges::any_of(tree_->Items(), [row](const auto &each) { return each.get() == row; });
+}
+
+void CWatchBar::RemoveSelected() {
+    if (!IsDebugging()) return;
+    for (CPropTreeItem *row : tree_->SelectedItems()) tree_->DeleteItem(row);
+}
+
+void CWatchBar::RemoveAll() { tree_->DeleteAllItems(); }
+
+void CWatchBar::SetFormat(int format) {
+    if (IsForAllRows())
+        ForEachRow([format](CWatchItem &row) { row.SetFormat(format); });
+    else if (CWatchItem *row = CurrentRow())
+        row->SetFormat(format);
+}
+
+// Other bars show the same bytes.
+void CWatchBar::OnWritten() {
+    CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(*this);
+    RefreshRows();
+}
+
+void CWatchBar::TakeDrop(const std::string &text) {
+    if (IsDebugging())
+        AddWatch(text);
+    else
+        CIDEApp::Get().AddOutputLine(LoadText(IDS_WATCH_NOT_DEBUGGING));
+}
+
+// --- Commands ---
+
+void CWatchBar::ShowMenu(CPropTreeItem *row, const QPoint &at) {
+    const QScopedValueRollback pointer(menuRow_, WatchOf(row));
+    const QScopedValueRollback open(menuOpen_, true);
+    CIDEApp::Get().GetMainFrame()->TrackPopupMenu(IDR_WATCH_MENU, at, this);
+}
+
+void CWatchBar::MapCommands() {
+    const auto whileDebugging = [](CCmdUI &ui) { ui.Enable(IsDebugging()); };
+    // Of a menu, the row under the pointer; by key, the one last clicked.
+    const auto row = [this] { return !menuOpen_ ? CurrentRow() : Holds(menuRow_) ? menuRow_ : nullptr; };
+    const auto onRow = [row](CCmdUI &ui) { ui.Enable(IsDebugging() && row()); };
+    OnCommand(ID_WATCH_ADD, [this] { AddWatchByDialog({}); }, whileDebugging);
+    OnCommand(ID_WATCH_EDIT, [this, row] { EditExpression(row()); }, onRow);
+    OnCommand(ID_WATCH_REMOVE, [this, row] { tree_->DeleteItem(row()); }, onRow);
+    OnCommand(
+        ID_WATCH_REMOVE_ALL, [this] { RemoveAll(); },
+        [this](CCmdUI &ui) { ui.Enable(IsDebugging() && !tree_->Items().empty()); });
+    OnCommandRange(
+        ID_WATCH_FORMAT_FIRST, ID_WATCH_FORMAT_LAST, [this](int id) { SetFormat(id - ID_WATCH_FORMAT_FIRST); },
+        [this, row](CCmdUI &ui) {
+            ui.Enable(IsDebugging() && !tree_->Items().empty());
+            ui.SetCheck(row() && row()->Format() == ui.id - ID_WATCH_FORMAT_FIRST);
+        });
+}

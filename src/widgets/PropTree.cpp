@@ -1,0 +1,197 @@
+#include "widgets/PropTree.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+
+#include "framework/Text.h"
+#include "widgets/PropTreeDelegate.h"
+#include "widgets/PropTreeModel.h"
+#include "widgets/RowKeys.h"
+#include "widgets/TitleTip.h"
+
+namespace {
+
+constexpr int kNameCharacters = 16;  // first width of the left column
+constexpr int kWidthDelay = 300;     // milliseconds without a move until the splitter counts as let go
+constexpr auto kName = CPropTreeModel::kName, kValue = CPropTreeModel::kValue;
+
+bool IsTreeKey(const QKeyEvent &event) {
+    if (IsReturnKey(event) || event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return true;
+    return !event.modifiers() &&
+           (event.key() == Qt::Key_F2 || event.key() == Qt::Key_Insert || event.key() == Qt::Key_Delete);
+}
+
+}  // namespace
+
+CPropTree::CPropTree(QWidget *parent) : QTreeView(parent), rows_(new CPropTreeModel(this)) {
+    rows_->onChange = [this] { viewport()->update(); };
+    setModel(rows_);
+    setItemDelegate(new CPropTreeDelegate(this));
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(SelectedClicked | EditKeyPressed);
+    setFrameShape(QFrame::NoFrame);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(true);
+    header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
+    header()->resizeSection(kName, fontMetrics().averageCharWidth() * kNameCharacters);
+
+    auto *const settle = new QTimer(this);
+    settle->setSingleShot(true);
+    settle->setInterval(kWidthDelay);
+    toldWidth_ = NameWidth();
+    connect(header(), &QHeaderView::sectionResized, settle, [settle](int section) {
+        if (section == kName) settle->start();
+    });
+    connect(settle, &QTimer::timeout, this, [this] {
+        if (std::exchange(toldWidth_, NameWidth()) != NameWidth() && onNameWidth) onNameWidth(NameWidth());
+    });
+}
+
+void CPropTree::SetTitles(const std::string &name, const std::string &value) {
+    rows_->SetTitles(ToQString(name), ToQString(value));
+}
+
+void CPropTree::SetMark(const QIcon &mark) {
+    const int size = fontMetrics().height() * 3 / 4;
+    setIconSize({size, size});
+    rows_->SetMark(mark);
+}
+
+CPropTreeItem *CPropTree::InsertItem(std::unique_ptr<CPropTreeItem> item, CPropTreeItem *parent) {
+    return rows_->Insert(parent, std::move(item));
+}
+
+void CPropTree::DeleteItem(CPropTreeItem *item) { rows_->Remove(*item); }
+
+void CPropTree::DeleteAllItems() { rows_->Clear(); }
+
+void CPropTree::Fill(const std::function<void()> &insert) {
+    rows_->BeginFill();
+    insert();
+    rows_->EndFill();
+}
+
+const std::vector<std::unique_ptr<CPropTreeItem>> &CPropTree::Items() const { return rows_->Root().Children(); }
+
+CPropTreeItem *CPropTree::GetCurrentItem() const {
+    return currentIndex().isValid() ? CPropTreeModel::ItemOf(currentIndex()) : nullptr;
+}
+
+void CPropTree::SelectItem(CPropTreeItem *item) {
+    setCurrentIndex(rows_->IndexOf(item));
+    if (item) scrollTo(currentIndex());
+}
+
+void CPropTree::Expand(CPropTreeItem *item, bool expand) { setExpanded(rows_->IndexOf(item), expand); }
+
+bool CPropTree::IsExpanded(const CPropTreeItem *item) const { return isExpanded(rows_->IndexOf(item)); }
+
+bool CPropTree::BeginEdit(CPropTreeItem *item) {
+    SelectItem(item);
+    return item && edit(rows_->IndexOf(item, kValue), AllEditTriggers, nullptr);
+}
+
+std::vector<CPropTreeItem *> CPropTree::SelectedItems() const {
+    std::vector<CPropTreeItem *> items;
+    for (QModelIndex row = rows_->index(0, kName); row.isValid(); row = indexBelow(row))
+        if (selectionModel()->isSelected(row)) items.push_back(CPropTreeModel::ItemOf(row));
+    return items;
+}
+
+std::string CPropTree::SelectedText() const {
+    std::string text;
+    for (const CPropTreeItem *item : SelectedItems()) text += item->Label() + '\t' + item->Value() + '\n';
+    return text;
+}
+
+void CPropTree::Copy() const {
+    if (const std::string text = SelectedText(); !text.empty()) QApplication::clipboard()->setText(ToQString(text));
+}
+
+int CPropTree::NameWidth() const { return header()->sectionSize(kName); }
+
+void CPropTree::SetNameWidth(int width) {
+    header()->resizeSection(kName, width);
+    toldWidth_ = NameWidth();
+}
+
+// Whatever column is current, it is the value that is edited; a click has to be on it.
+bool CPropTree::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) {
+    if (trigger == SelectedClicked && index.column() != kValue) return false;
+    return QTreeView::edit(index.siblingAtColumn(kValue), trigger, event);
+}
+
+bool CPropTree::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride && IsTreeKey(static_cast<QKeyEvent &>(*event))) event->accept();
+    return QTreeView::event(event);
+}
+
+bool CPropTree::viewportEvent(QEvent *event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    ShowTitleTip(*this, static_cast<QHelpEvent &>(*event));
+    return true;
+}
+
+void CPropTree::mousePressEvent(QMouseEvent *event) {
+    // The press that opens the menu selects and does nothing else; it leaves a selection that it lies in.
+    if (event->button() != Qt::RightButton) return QTreeView::mousePressEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (!index.isValid()) return;
+    const bool selected = selectionModel()->isSelected(index);
+    selectionModel()->setCurrentIndex(index, selected ? QItemSelectionModel::NoUpdate
+                                                      : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void CPropTree::mouseDoubleClickEvent(QMouseEvent *event) {
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !index.isValid()) return QTreeView::mouseDoubleClickEvent(event);
+    if (onActivate)
+        onActivate(CPropTreeModel::ItemOf(index));
+    else if (index.column() != kValue || !edit(index, DoubleClicked, event))
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void CPropTree::keyPressEvent(QKeyEvent *event) {
+    const bool plain = !event->modifiers();
+    if (IsReturnKey(*event) || (plain && event->key() == Qt::Key_F2)) {
+        if (!edit(currentIndex(), AllEditTriggers, event) && IsReturnKey(*event) && !currentIndex().parent().isValid())
+            setExpanded(currentIndex().siblingAtColumn(kName), !isExpanded(currentIndex().siblingAtColumn(kName)));
+    } else if (event->matches(QKeySequence::Copy)) {
+        Copy();
+    } else if (plain && event->key() == Qt::Key_Insert && onInsert) {
+        onInsert();
+    } else if (plain && event->key() == Qt::Key_Delete && onDelete) {
+        onDelete();
+    } else {
+        QTreeView::keyPressEvent(event);
+    }
+}
+
+void CPropTree::contextMenuEvent(QContextMenuEvent *event) {
+    event->accept();
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    const QPoint at =
+        byKey && index.isValid() ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
+    if (onMenu) onMenu(index.isValid() ? CPropTreeModel::ItemOf(index) : nullptr, at);
+}
+
+// The line between the columns goes on below the header, so that long labels and values are told apart.
+void CPropTree::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
+    QTreeView::drawRow(painter, option, index);
+    const int x = header()->sectionViewportPosition(kValue) - 1;
+    QColor line = palette().color(QPalette::Text);
+    line.setAlpha(40);
+    painter->setPen(line);
+    painter->drawLine(x, option.rect.top(), x, option.rect.bottom());
+}
