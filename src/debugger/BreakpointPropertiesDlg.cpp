@@ -74,6 +74,7 @@ void CBreakpointPropertiesDlg::AddCondition(QVBoxLayout &column) {
     useCondition_ = new QCheckBox(ToQString(LoadText(IDS_BREAKPOINT_USE_CONDITION)));
     useCondition_->setChecked(props_.useCond != 0);
     condition_ = new QLineEdit(ToQString(props_.cond));
+    condition_->setObjectName("condition");
     condition_->setMaxLength(kLongestCondition);
     condition_->setAccessibleName(useCondition_->text().remove('&'));
     auto *row = new QHBoxLayout;

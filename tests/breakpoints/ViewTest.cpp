@@ -4,34 +4,8 @@
 #include <QMenu>
 #include <QTimer>
 
-#include "EditorProgram.h"
-#include "editor/ViewSetup.h"
+#include "breakpoints/BreakpointProgram.h"
 #include "framework/Text.h"
-
-namespace {
-
-class Breakpoints : public EditorProgram {
-protected:
-    std::string Listed(const std::string &name) {
-        std::string lines;
-        for (const CMarker &marker : program.App().breakpoints.Markers())
-            if (marker.path.GetFullPath() == scratch.Windows(name)) lines += std::to_string(marker.line) + ' ';
-        return lines;
-    }
-    std::string Marked(CIDEDoc *document, int marker = kMarkerBreakpoint) {
-        std::string lines;
-        intptr_t line = -1;
-        while ((line = ViewOf(document).Send(SCI_MARKERNEXT, static_cast<uintptr_t>(line + 1), 1 << marker)) >= 0)
-            lines += std::to_string(line) + ' ';
-        return lines;
-    }
-    void Toggle(CIDEDoc *document, uintptr_t line) {
-        ViewOf(document).Send(SCI_GOTOLINE, line);
-        program.Command(ID_BREAKPOINT_TOGGLE);
-    }
-};
-
-}  // namespace
 
 TEST_F(Breakpoints, FollowTheTextAndTheName) {
     CIDEDoc *document = Open("a.c", "0\n1\n2\n3\n4\n5\n");
@@ -104,7 +78,8 @@ TEST_F(Breakpoints, CanBeToggledInTheMenuOfALine) {
         program.Settle();
         return seen;
     };
-    EXPECT_TRUE(open(2, "Toggle Breakpoint"));
+    EXPECT_TRUE(open(2, "Toggle Breakpoint in Line 3"));
+    EXPECT_FALSE(open(1, "Breakpoint Properties..."));
     EXPECT_EQ(Listed("a.c"), "2 ");
     EXPECT_FALSE(open(1, "Cut"));  // nothing is selected
     EXPECT_TRUE(open(1, "Select All"));
