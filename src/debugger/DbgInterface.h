@@ -59,6 +59,7 @@ public:
     int Call(Fn *EngineCalls::*entry, Arguments... arguments) const {
         return engine_.Call(entry, arguments...);
     }
+    uint64_t CallCount() const { return engine_.CallCount(); }  // every call to the engine takes this one road
     // Reads a text of the engine's: debugger.Read(&EngineReaders::dbgBitNames, text, fn, user). False when it can't be.
     template <typename Fn, typename... Arguments>
     bool Read(Fn *EngineReaders::*reader, Arguments... arguments) const {

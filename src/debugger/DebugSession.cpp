@@ -75,7 +75,9 @@ void CDebugSession::PostDeferred() {
 
 void CDebugSession::ToggleProfiling() {
     profiling_ = !profiling_;
-    if (profiling_ && !Frame().DebugBars().profile->IsShowing()) Frame().DebugBars().profile->ShowBar();
+    CDebugBar &bar = *Frame().DebugBars().profile;
+    if (profiling_ && !bar.IsShowing()) bar.ShowBar();
+    if (bar.IsShowing()) bar.Refresh();  // the engine counts from the first reading on
 }
 
 void CDebugSession::ToggleSnapshot() {

@@ -1,6 +1,9 @@
 // The engine's two libraries, "debugger.dll" and "dbgpars.dll" of the program directory, as loaded.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+
 #include "debugger/EngineApi.h"
 #include "platform/SharedLibrary.h"
 
@@ -77,8 +80,11 @@ public:
     template <typename Fn, typename... Arguments>
     int Call(Fn *EngineCalls::*entry, Arguments... arguments) const {
         Fn *const fn = calls_.*entry;
+        ++callCount_;
         return fn ? fn(arguments...) : kDbgFailed;
     }
+    uint64_t CallCount() const { return callCount_; }  // of all of them: what a refresh of the views costs
+
     // A reader's result; false where it isn't there.
     template <typename Fn, typename... Arguments>
     bool Read(Fn *EngineReaders::*reader, Arguments... arguments) const {
@@ -90,4 +96,5 @@ private:
     CSharedLibrary debugger_, parser_;
     EngineCalls calls_;
     EngineReaders readers_;
+    mutable std::atomic<uint64_t> callCount_ = 0;
 };

@@ -1,0 +1,15 @@
+// A byte in hexadecimal, typed over digit by digit.
+#pragma once
+
+#include "debugger/GridCellByte.h"
+
+class CGridCellHex : public CGridCellByte {
+public:
+    using CGridCellByte::CGridCellByte;
+
+    std::string Text() const override;
+
+    // Each digit replaces the one at the edit's position and is written at once; behind the second one the next byte's
+    // cell is the current one. Anything but a digit means nothing.
+    bool OnTyped(CGridCtrl &grid, GridPlace place, char32_t typed) override;
+};

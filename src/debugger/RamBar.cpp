@@ -1,0 +1,69 @@
+#include "debugger/RamBar.h"
+
+#include <optional>
+
+#include "app/BarIds.h"
+#include "app/IDEApp.h"
+#include "app/StringIds.h"
+#include "debugger/IndirectPointer.h"
+#include "debugger/ValueFormat.h"
+#include "project/Workspace.h"
+
+namespace {
+
+constexpr int kSmallMemory = 512, kLargeMemory = 4096;  // bytes
+
+std::string Target() {
+    const CIDEApp &app = CIDEApp::Get();
+    return app.workspace ? app.workspace->GetTarget() : std::string();
+}
+
+int MemorySize(const std::string &target) {
+    for (const char *family : {"PIC18", "pic18", "Pic18"})
+        if (target.find(family) != target.npos) return kLargeMemory;
+    return kSmallMemory;
+}
+
+std::optional<int> Value(const std::string &name) {
+    std::string text;
+    if (!CIDEApp::Get().debugger.Evaluate(name, text, kDbgDecimal, nullptr)) return std::nullopt;
+    const auto number = NumberOfAnswer(text, kDbgDecimal);
+    return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
+}
+
+}  // namespace
+
+CRamBar::CRamBar(QWidget *parent) : CMemoryBar(kBarRam, IDS_BAR_RAM, parent) {}
+
+void CRamBar::BeginRun() {
+    Empty();
+    Rebuild(MemorySize(Target()));
+    RefreshRam(true);
+}
+
+void CRamBar::RefreshRam(bool force) {
+    RefreshCells(force);
+    RefreshPointer();
+}
+
+void CRamBar::RefreshPointer() {
+    const PointerParts parts = PointerPartsOf(Target());
+    const std::optional<int> high = Value(parts.high), low = Value(parts.low);
+    if (high && low)
+        SetPointer(PointerAddressOf(parts, *high, *low));
+    else
+        ClearPointer();
+}
+
+bool CRamBar::ValidateMap(std::vector<uint8_t> &map) {
+    return CIDEApp::Get().debugger.Call(&EngineCalls::DbgValidateRegisterMap, map.data(),
+                                        static_cast<int>(map.size())) == kDbgOk;
+}
+
+bool CRamBar::ReadCell(int address, int &value) {
+    return CIDEApp::Get().debugger.Call(&EngineCalls::DbgGetReg, address, &value) == kDbgOk;
+}
+
+bool CRamBar::WriteCell(int address, uint8_t value) {
+    return CIDEApp::Get().debugger.Call(&EngineCalls::DbgSetReg, address, static_cast<int>(value)) == kDbgOk;
+}
