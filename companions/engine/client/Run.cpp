@@ -1,5 +1,6 @@
 #include "Run.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <span>
@@ -14,6 +15,31 @@ constexpr std::chrono::seconds kAnswerLimit{20};         // then it hangs, and t
 template <size_t size>
 std::string TextOf(const char (&text)[size]) {
     return {text, strnlen(text, size)};
+}
+
+bool OnlyReads(Request request) {
+    switch (request) {
+        case Request::evaluate:
+        case Request::getReg:
+        case Request::dataBlock:
+        case Request::regNameToAddr:
+        case Request::regAddrToName:
+        case Request::regBits:
+        case Request::registerMap:
+        case Request::symbolToAddr:
+        case Request::eepromSize:
+        case Request::readEeprom:
+        case Request::posToAddr:
+        case Request::addrToPos:
+        case Request::frameList:
+        case Request::profileList:
+        case Request::hitCount:
+        case Request::pinV:
+        case Request::cycles:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace
@@ -54,7 +80,9 @@ bool CRun::Ask(Request request, const Put &put, const Take &take, const Take &ta
     block.requestSize = static_cast<uint32_t>(out.Size());
     block.call = CallState::asked;
     block.toHost.Ring();
-    if (!AwaitReply()) return false;
+    const bool answered = AwaitReply();
+    if (!OnlyReads(request)) ++state_;
+    if (!answered) return false;
 
     const size_t size = std::min<size_t>(block.replySize, sizeof block.replyBytes);
     CMessageReader in(std::span<const std::byte>(block.replyBytes, size));
@@ -78,6 +106,69 @@ bool CRun::AwaitReply() {
             block.toEngine.Ring();
         }
     }
+}
+
+// --- Memory ---
+
+// The engine's thread is told of single instructions: what it asks for is as it is at that one.
+std::optional<int> CRun::Read(CReadAhead &ahead, int address, const CReadAhead::Fetch &fetch,
+                              const std::function<std::optional<int>()> &readOne) {
+    const bool exact = engineThread_ == std::this_thread::get_id();
+    const auto walked = exact ? std::nullopt : ahead.Read(address, state_, stopsToCome_ > 0, fetch);
+    if (!walked) return readOne();
+    return *walked == CReadAhead::kUnreadable ? std::nullopt : walked;
+}
+
+std::optional<int> CRun::ReadData(int address) {
+    const auto fetch = [this](int first, int count, std::vector<int16_t> &bytes) {
+        std::vector<uint8_t> values, known;
+        const bool good = Ask(
+            Request::dataBlock,
+            [&](CMessageWriter &out) {
+                out.PutNumber(first);
+                out.PutNumber(count);
+            },
+            [&](CMessageReader &in) {
+                values = in.Block();
+                known = in.Block();
+            });
+        for (size_t i = 0; i < values.size() && i < known.size(); ++i)
+            bytes.push_back(known[i] ? values[i] : static_cast<int16_t>(CReadAhead::kUnreadable));
+        return good;
+    };
+    const auto readOne = [this, address] {
+        int value = 0;
+        const bool good = Ask(
+            Request::getReg, [&](CMessageWriter &out) { out.PutNumber(address); },
+            [&](CMessageReader &in) { value = in.Int(); });
+        return good ? std::optional(value) : std::nullopt;
+    };
+    return Read(data_, address, fetch, readOne);
+}
+
+std::optional<int> CRun::ReadEeprom(int address) {
+    const auto read = [this](int first, int count, std::vector<uint8_t> &bytes) {
+        return Ask(
+            Request::readEeprom,
+            [&](CMessageWriter &out) {
+                out.PutNumber(first);
+                out.PutNumber(count);
+            },
+            [&](CMessageReader &in) { bytes = in.Block(); });
+    };
+    const auto fetch = [this, read](int first, int count, std::vector<int16_t> &bytes) {
+        int size = 0;
+        std::vector<uint8_t> values;
+        const bool sized = Ask(Request::eepromSize, {}, [&](CMessageReader &in) { size = in.Int(); });
+        if (!sized || first >= size || !read(first, std::min(count, size - first), values)) return false;
+        bytes.assign(values.begin(), values.end());
+        return true;
+    };
+    const auto readOne = [read, address] {
+        std::vector<uint8_t> bytes;
+        return read(address, 1, bytes) && bytes.size() == 1 ? std::optional<int>(bytes[0]) : std::nullopt;
+    };
+    return Read(eeprom_, address, fetch, readOne);
 }
 
 bool CRun::Go(Request request, const Put &put) {
@@ -120,6 +211,7 @@ bool CRun::RemoveInst(InstCallback callback) {
 // --- Events ---
 
 void CRun::Serve() {
+    engineThread_ = std::this_thread::get_id();
     SharedBlock &block = *host_.Block();
     for (;;) {
         const uint32_t seen = block.toEngine.Count();
@@ -171,6 +263,7 @@ void CRun::DeliverStop(const SharedEvent &event) {
     const bool back = event.reason == kDbgAfterStepBack;
     if (!back) DeliverClock(event.passed, event.clk);
     --stopsToCome_;
+    ++state_;
     const ExecutionCallback execution = callbacks_.Execution();
     if (execution.fn && !ended_) {
         const std::string file = TextOf(event.file);

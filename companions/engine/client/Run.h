@@ -5,10 +5,13 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
+#include <thread>
 
 #include "Callbacks.h"
 #include "HostProcess.h"
+#include "ReadAhead.h"
 #include "protocol/Message.h"
 
 // Any thread, unless said otherwise. Whoever works with a run holds a reference to it, so that it may end meanwhile.
@@ -34,6 +37,10 @@ public:
 
     // A call that sets the target going: a stop is to come when it succeeds.
     bool Go(Request request, const Put &put = {});
+
+    // A byte of data memory and of EEPROM; see CReadAhead for walks over them. Empty: it can't be read.
+    std::optional<int> ReadData(int address);
+    std::optional<int> ReadEeprom(int address);
 
     // What the process is to tell.
     void TellEachInstruction(bool on) { host_.Block()->eachInstruction = on ? 1 : 0; }
@@ -64,6 +71,8 @@ private:
     CRun() = default;
 
     bool AwaitReply();
+    std::optional<int> Read(CReadAhead &ahead, int address, const CReadAhead::Fetch &fetch,
+                            const std::function<std::optional<int>()> &readOne);
     bool IsLost() const { return lost_ || host_.Block()->gone != 0; }
     bool Watch(Request watch, int handle, bool on);
     void Deliver(const SharedEvent &event);
@@ -79,4 +88,7 @@ private:
     std::atomic<bool> ended_ = false;
     std::atomic<bool> lost_ = false;  // it has left a call without an answer
     std::atomic<int> stopsToCome_ = 0;
+    std::atomic<uint64_t> state_ = 0;  // grows with whatever may have changed the chip's state
+    std::atomic<std::thread::id> engineThread_;
+    CReadAhead data_, eeprom_;
 };

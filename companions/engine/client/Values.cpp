@@ -1,5 +1,6 @@
 // The exports of debugger.dll that ask for and set values, places and stops, and those for plug-ins.
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -85,6 +86,13 @@ int Ask(Request request, Result *result, const Arguments &...arguments) {
     });
 }
 
+// What a call has read, if it has.
+template <typename Value>
+int Give(const std::optional<int> &read, Value &value) {
+    if (read) value = static_cast<Value>(*read);
+    return Answer(read.has_value());
+}
+
 // A call whose failure has words for the user. `take` gets its results.
 template <typename... Arguments>
 int AskWithWords(Request request, const CRun::Take &take, const Arguments &...arguments) {
@@ -132,7 +140,8 @@ ENGINE_EXPORT int DbgSet(const char *name, int value) {
 }
 
 ENGINE_EXPORT int DbgGetReg(int address, int *value) {
-    return Ask(Request::getReg, value, address);
+    if (!value) return kDbgFailed;
+    return OnRun([&](CRun &run) { return Give(run.ReadData(address), *value); });
 }
 ENGINE_EXPORT int DbgSetReg(int address, int value) {
     return Tell(Request::setReg, address, value);
@@ -169,8 +178,10 @@ ENGINE_EXPORT int DbgGetEepromSize(int *bytes) {
 }
 
 ENGINE_EXPORT int DbgGetEepromVal(int address, int count, uint8_t *bytes) {
+    if (!bytes || count < 0) return kDbgFailed;
+    if (count == 1) return OnRun([&](CRun &run) { return Give(run.ReadEeprom(address), *bytes); });
     std::vector<uint8_t> read;
-    if (!bytes || count < 0 || Ask(Request::readEeprom, &read, address, count) != kDbgOk) return kDbgFailed;
+    if ( Ask(Request::readEeprom, &read, address, count) != kDbgOk) return kDbgFailed;
     if (read.size() != static_cast<size_t>(count)) return kDbgFailed;
     std::copy(read.begin(), read.end(), bytes);
     return kDbgOk;

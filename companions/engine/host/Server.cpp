@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <span>
+#include <utility>
 
 #include "SessionCalls.h"
 #include "debugger/EngineApi.h"
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kClockInterval{50};  // of the clock event, with the profile off
 constexpr std::chrono::milliseconds kLookInterval{250};  // for the end of the root process, at rest
+
+constexpr std::chrono::milliseconds kLinger{1};      // between two calls, while the target runs
+constexpr std::chrono::milliseconds kMostLinger{10};  // without a slice
 
 // As much of a text as fits, without a cut character at its end.
 template <size_t size>
@@ -34,13 +38,20 @@ void FillPlace(SharedEvent &event, const SessionPlace &place) {
 void CServer::Run() {
     for (;;) {
         const uint32_t seen = block_.toHost.Count();
-        if (AnswerCall()) continue;
+        const bool ran = running_;
+        if (AnswerCall()) {
+            lingers_ = ran;
+            continue;
+        }
         if (block_.eventWaits == 0 && TellChange()) continue;
         if (stop_ && block_.eventWaits == 0) {
             TellStop();
         } else if (running_ && !stop_ && !IsHeld()) {
             changesInARow_ = 0;
-            RunSlice();
+            if (LingersForCalls())
+                block_.toHost.Wait(seen, kLinger);
+            else
+                RunSlice();
         } else {
             WaitForBell(seen);
         }
@@ -60,6 +71,16 @@ void CServer::RunSlice() {
     LeaveIfAlone();
     if (block_.wantsClock == 0 || block_.eachInstruction != 0) return;
     Post(EventKind::clock, [&](SharedEvent &event) { FillClock(event, session_->Cycles()); });
+}
+
+// Behind a call mostly comes the next one: a view that reads many values while the target runs doesn't wait a slice for
+// each. The target gets its turn all the same.
+bool CServer::LingersForCalls() {
+    if (!std::exchange(lingers_, false)) {
+        slicedAt_ = std::chrono::steady_clock::now();
+        return false;
+    }
+    return std::chrono::steady_clock::now() - slicedAt_ < kMostLinger;
 }
 
 // Such a change can be the answer to the one before it, without end: a stop and a slice get their turn all the same.

@@ -48,6 +48,7 @@ private:
     bool IsStanding() const { return !running_ && !stop_; }
     bool IsHeld() const { return block_.eventWaits != 0 || block_.locks > 0; }
     void RunSlice();
+    bool LingersForCalls();
     bool TellChange();  // one that no slice has told; when the last event has been dealt with
     void TellStop();
     void PostRegister(int handle, int value);
@@ -70,5 +71,6 @@ private:
     std::optional<int> stop_;  // the reason of a stop that the debugger hasn't been told yet
     int64_t toldCycles_ = 0;   // at the last clock
     int changesInARow_ = 0;    // told with neither a slice nor a stop between them
-    std::chrono::steady_clock::time_point toldAt_;
+    bool lingers_ = false;     // the last thing done was to answer a call
+    std::chrono::steady_clock::time_point toldAt_, slicedAt_;
 };

@@ -1,6 +1,11 @@
 #include "SessionCalls.h"
 
+#include <climits>
+#include <vector>
+
 namespace {
+
+constexpr int kLargestBlock = 65536;
 
 using Reader = CMessageReader;
 using Writer = CMessageWriter;
@@ -45,6 +50,20 @@ bool Set(CSession &session, Reader &in, Writer &out) {
 
 bool GetReg(CSession &session, Reader &in, Writer &out) {
     return PutNumber(out, session.GetReg(in.Int()));
+}
+
+bool DataBlock(CSession &session, Reader &in, Writer &out) {
+    const int first = in.Int(), count = in.Int();
+    if (count < 0 || count > kLargestBlock || first > INT_MAX - count) return false;
+    std::vector<uint8_t> values, known;
+    for (int address = first; address < first + count; ++address) {
+        const auto value = session.GetReg(address);
+        values.push_back(static_cast<uint8_t>(value.value_or(0)));
+        known.push_back(value ? 1 : 0);
+    }
+    out.PutBlock(values);
+    out.PutBlock(known);
+    return true;
 }
 
 bool SetReg(CSession &session, Reader &in, Writer &) {
@@ -202,6 +221,8 @@ Handler *HandlerOf(Request request) {
             return Set;
         case Request::getReg:
             return GetReg;
+        case Request::dataBlock:
+            return DataBlock;
         case Request::setReg:
             return SetReg;
         case Request::regNameToAddr:

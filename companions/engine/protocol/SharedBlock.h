@@ -27,6 +27,7 @@ enum class Request : uint32_t {
     evaluate,       // text expression, number format; text value; else text error
     set,            // text name, number value; else text error
     getReg,         // number address; number value
+    dataBlock,      // number address, number count; block values, block 1 where there is one, else 0
     setReg,         // number address, number value
     regNameToAddr,  // text name; number address
     regAddrToName,  // number address; text name
