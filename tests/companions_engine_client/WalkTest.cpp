@@ -1,0 +1,34 @@
+#include "DebugRun.h"
+
+namespace {
+
+// Every byte from 0 to `count` - 1, -1 where there is none.
+std::vector<int> Walk(const CDebugger &debugger, int count) {
+    std::vector<int> bytes;
+    for (int address = 0; address < count; ++address) {
+        int value = -1;
+        debugger.Call<DbgGetRegFn>("DbgGetReg", address, &value);
+        bytes.push_back(value);
+    }
+    return bytes;
+}
+
+}  // namespace
+
+// Bytes that are asked for one after the other are read ahead: what changes meanwhile has to be seen all the same.
+TEST(Walks, SeeWhatIsWrittenBetweenTwoBytesAndWhereMemoryEnds) {
+    const CDebugger debugger;
+    CDebugRun run(debugger);
+    std::vector<int> expected(260, -1);
+    for (int address = 0; address < 256; ++address) {
+        expected[static_cast<size_t>(address)] = address ^ 0x5A;
+        ASSERT_EQ(debugger.Call<DbgSetRegFn>("DbgSetReg", address, address ^ 0x5A), kDbgOk);
+    }
+    EXPECT_EQ(Walk(debugger, 260), expected);
+    for (int address = 100; address < 120; ++address) {
+        ASSERT_EQ(debugger.Call<DbgSetRegFn>("DbgSetReg", address + 1, 7), kDbgOk);
+        int value = 0;
+        ASSERT_EQ(debugger.Call<DbgGetRegFn>("DbgGetReg", address, &value), kDbgOk);
+        EXPECT_EQ(value, address == 100 ? 100 ^ 0x5A : 7) << address;
+    }
+}
