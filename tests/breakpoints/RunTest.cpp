@@ -3,7 +3,7 @@
 
 #include "breakpoints/BreakpointProgram.h"
 #include "breakpoints/Widgets.h"
-#include "framework/Text.h"
+#include "debugger/BreakpointCommands.h"
 
 namespace {
 
@@ -80,6 +80,7 @@ TEST_F(BreakpointsInARun, SlideToCodeAndBecomeOneAtTheStart) {
     const int id = Find(toggle)->id;
     List().TakeFromDocument(*main_);
     EXPECT_EQ(Find(toggle)->id, id);
+    EXPECT_TRUE(RemoveBreakpoint(*List().Find(closed, -1)));  // would stop each interrupt
     ASSERT_TRUE(RunToStop(ID_DEBUG_CONTINUE));
     EXPECT_EQ(ExecutionLine(), std::to_string(toggle) + " ");
 }
@@ -148,8 +149,8 @@ TEST_F(BreakpointsInARun, AreTemporaryForARunToTheCursor) {
     EXPECT_EQ(Listed("blink/main.asm"), std::to_string(user) + " ");
     program.App().session.EndAtOnce();
     Toggle(main_, user);
-    const int first = MainLine("goto    main");
-    Toggle(main_, first - 1);
+    const int first = MainLine("call    led_start");
+    Toggle(main_, first - 1);  // "main", a name without code
     ASSERT_TRUE(runTo(first));
     EXPECT_EQ(Listed("blink/main.asm"), std::to_string(first) + " ");
     program.App().session.EndAtOnce();
