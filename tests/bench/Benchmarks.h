@@ -6,6 +6,8 @@ void BenchOpenProject();
 void BenchFlood();
 void BenchNoChangeBuild();
 void BenchSymbols();
+void BenchDebugStart();
+void BenchDebugStep();
 
 // Against another program. They are there where X11's client libraries are.
 void BenchPeerStartUp();

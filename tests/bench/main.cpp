@@ -21,6 +21,8 @@ int main(int argc, char **argv) {
         {"flood", BenchFlood},
         {"no-change-build", BenchNoChangeBuild},
         {"symbols", BenchSymbols},
+        {"debug-start", BenchDebugStart},
+        {"debug-step", BenchDebugStep},
 #ifdef THORNWELL_BENCH_PEER
         {"peer-start-up", BenchPeerStartUp},
         {"peer-big-source", BenchPeerBigSource},

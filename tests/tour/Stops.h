@@ -9,5 +9,6 @@ void WorkOnTwoProjects(CTour &tour);
 void EditSources(CTour &tour);
 void ChooseColours(CTour &tour);
 void FindOnesWay(CTour &tour);
+void DebugTheExamples(CTour &tour);
 void ArrangeTheFrame(CTour &tour);
 void LookIntoTheMenus(CTour &tour);

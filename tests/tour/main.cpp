@@ -17,8 +17,8 @@ int main(int argc, char **argv) {
     std::filesystem::create_directories(directory);
     QApplication application(argc, argv);
     CTour tour(directory);
-    for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, FindOnesWay, ChooseColours,
-                            ArrangeTheFrame, LookIntoTheMenus})
+    for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, FindOnesWay,
+                            DebugTheExamples, ChooseColours, ArrangeTheFrame, LookIntoTheMenus})
         stop(tour);
     tour.Say("The tour is over.");
     return 0;

@@ -1,0 +1,122 @@
+// A debug run as the user waits for it, against the gpsim program on the same image at its own command line: from the
+// command to the first stop, and from a step to all bars of the run shown anew.
+#include <QCoreApplication>
+#include <QProcess>
+#include <filesystem>
+
+#include "bench/Benchmarks.h"
+#include "bench/Measure.h"
+#include "editor/IDEView.h"
+#include "editor/ViewSetup.h"
+#include "framework/MessageTarget.h"
+#include "support/Program.h"
+
+namespace {
+
+constexpr int kStarts = 15, kSteps = 200;
+constexpr int kWaitForPeer = 10000;  // milliseconds
+
+// The simulator's program between two prompts.
+class CPeer {
+public:
+    explicit CPeer(const std::string &image) {
+        gpsim_.setProcessChannelMode(QProcess::MergedChannels);
+        gpsim_.start("gpsim", {"-i", "-s", QString::fromStdString(image)});
+        AwaitPrompt();
+    }
+    ~CPeer() {
+        gpsim_.write("quit\n");
+        if (!gpsim_.waitForFinished(kWaitForPeer)) gpsim_.kill();
+    }
+
+    void Step() {
+        gpsim_.write("step\n");
+        AwaitPrompt();
+    }
+
+private:
+    void AwaitPrompt() {
+        QByteArray text;
+        while (!text.trimmed().endsWith("**gpsim>")) {
+            Require(gpsim_.waitForReadyRead(kWaitForPeer), "gpsim gives no prompt");
+            text += gpsim_.readAll();
+        }
+    }
+
+    QProcess gpsim_;
+};
+
+bool Stands(CProgram &program) { return !program.App().session.IsRunning() && WaitingMessages() == 0; }
+
+bool ShowsExecution(CProgram &program) {
+    const CIDEView *view = program.ActiveView();
+    return view && view->Send(SCI_MARKERNEXT, 0, 1 << kMarkerExecution) >= 0;
+}
+
+void Start(CProgram &program) {
+    program.Command(ID_DEBUG_START);
+    TurnEventsUntil([&] { return Stands(program) && ShowsExecution(program); });
+}
+
+void Paint(CProgram &program) {
+    program.Frame().repaint();
+    QCoreApplication::processEvents();
+}
+
+// Opens the example and builds it. Returns the native name of what the simulator's program loads.
+std::string Prepare(const CScratch &scratch, CProgram &program) {
+    Require(program.Start(), "the program doesn't start");
+    program.Frame().resize(1600, 1000);
+    Require(program.Build(), "the example doesn't build");
+    const std::string image = scratch.Native("greeting/Debug/greeting.cod");
+    Require(std::filesystem::exists(image), "the example leaves no image");
+    return image;
+}
+
+}  // namespace
+
+void BenchDebugStart() {
+    const CScratch scratch;
+    scratch.CopyExample("greeting");
+    CProgram program(scratch, {scratch.Native("greeting/greeting.__c")});
+    const std::string image = Prepare(scratch, program);
+    const auto start = [&] {
+        const double time = Elapsed([&] {
+                                Start(program);
+                                Paint(program);
+                            }).count();
+        program.Command(ID_DEBUG_END);
+        Require(!program.App().session.IsOpen(), "the run doesn't end");
+        Paint(program);
+        return time;
+    };
+    const auto peer = [&] { return Elapsed([&] { CPeer gpsim(image); }).count(); };
+    start();
+    Report("start of a debug run to the stop at main", Compare(kStarts, start, peer), "ms",
+           "gpsim from its start to its end, the image loaded");
+}
+
+void BenchDebugStep() {
+    const CScratch scratch;
+    scratch.CopyExample("greeting");
+    CProgram program(scratch, {scratch.Native("greeting/greeting.__c")});
+    const std::string image = Prepare(scratch, program);
+    Start(program);
+    for (const int bar : {ID_VIEW_REGISTER_BAR, ID_VIEW_WATCH_BAR, ID_VIEW_RAM_BAR, ID_VIEW_EEPROM_BAR,
+                          ID_VIEW_STACK_BAR, ID_VIEW_PROFILE_BAR, ID_VIEW_LISTING_BAR})
+        if (!QueryCommand(program.Frame(), bar).checked.value_or(false)) program.Command(bar);
+    Paint(program);
+    const auto step = [&] {
+        return Elapsed([&] {
+                   program.Command(ID_DEBUG_STEP_INTO);
+                   TurnEventsUntil([&] { return Stands(program); });
+                   Paint(program);
+               }).count();
+    };
+    CPeer gpsim(image);
+    const auto peer = [&] { return Elapsed([&] { gpsim.Step(); }).count(); };
+    step();
+    Report("step of a debug run to all bars refreshed", Compare(kSteps, step, peer), "ms",
+           "a step of gpsim to its next prompt");
+    program.Command(ID_DEBUG_END);
+}
