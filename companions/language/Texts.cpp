@@ -356,7 +356,7 @@ constexpr TextRow kTexts[] = {
     {IDS_BREAKPOINT_PLACE, "%s, line %d"},
     {IDS_BREAKPOINT_USE_CONDITION, "&Condition:"},
     {IDS_BREAKPOINT_WHEN_TRUE, "Stop when it is &true"},
-    {IDS_BREAKPOINT_WHEN_CHANGED, "Stop when its value has c&hanged"},
+    {IDS_BREAKPOINT_WHEN_CHANGED, "Stop when its value has chan&ged"},
     {IDS_BREAKPOINT_USE_HITS, "&Hit count:"},
     {IDS_BREAKPOINT_HITS_AT_LEAST, "Stop from this hit &on"},
     {IDS_BREAKPOINT_HITS_EQUAL, "Stop at this hit on&ly"},
@@ -365,7 +365,7 @@ constexpr TextRow kTexts[] = {
     {IDS_BREAKPOINT_NO_COUNT, "Hits are counted while debugging"},
     {IDS_BREAKPOINT_RESET_COUNT, "&Reset Count"},
     {IDS_MENU_TOGGLE_BREAKPOINT, "Toggle &Breakpoint in Line %d"},
-    {IDS_MENU_BREAKPOINT_PROPERTIES, "Breakpoint &Properties..."},
+    {IDS_MENU_BREAKPOINT_PROPERTIES, "Breakpoint Prop&erties..."},
 
     // Watches
     {IDS_DIALOG_QUICK_WATCH, "Watch"},

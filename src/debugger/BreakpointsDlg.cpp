@@ -62,19 +62,22 @@ CBreakpointsDlg::CBreakpointsDlg(QWidget *parent) : QDialog(parent), list_(new Q
 
 // In the order of names and lines: that of the list changes with each edit.
 void CBreakpointsDlg::Fill(int selected) {
-    std::vector<const CMarker *> markers;
-    for (const CMarker &marker : CIDEApp::Get().breakpoints.Markers()) markers.push_back(&marker);
-    const auto key = [](const CMarker *marker) {
-        return std::make_tuple(LowerCase(marker->path.GetFileName()), marker->File(), marker->line);
+    struct Row {
+        std::string name;
+        Place place;
+        const CMarker *marker;
     };
-    std::ranges::sort(markers, {}, key);
+    std::vector<Row> rows;
+    for (const CMarker &marker : CIDEApp::Get().breakpoints.Markers())
+        rows.push_back({LowerCase(marker.path.GetFileName()), {marker.File(), marker.line}, &marker});
+    std::ranges::sort(rows, {}, [](const Row &row) { return std::tie(row.name, row.place.file, row.place.line); });
 
     places_.clear();
     list_->clear();
-    for (const CMarker *marker : markers) {
-        places_.push_back({marker->File(), marker->line});
-        auto *row = new QListWidgetItem(ToQString(BreakpointRowText(*marker)), list_);
-        row->setToolTip(ToQString(TextOfPlace(IDS_BREAKPOINT_PLACE, *marker)));
+    for (Row &row : rows) {
+        auto *item = new QListWidgetItem(ToQString(BreakpointRowText(*row.marker)), list_);
+        item->setToolTip(ToQString(TextOfPlace(IDS_BREAKPOINT_PLACE, *row.marker)));
+        places_.push_back(std::move(row.place));
     }
     list_->setCurrentRow(std::min(selected, list_->count() - 1));
     UpdateButtons();

@@ -16,7 +16,8 @@ class CSciWindow;
 
 // Keeps the marks of files whether they are open or not. The component of an open view moves its markers with the text;
 // the list learns the new lines when it is refreshed from the view. File names compare as texts without regard to case.
-// A marker lives until it is removed; a refresh replaces all markers of its file. Main thread.
+// A marker lives until it is removed, and keeps its file and line; a refresh replaces all markers of its file. Main
+// thread.
 class CMarkerList {
 public:
     // `name`: section of the project file; `number`: the component's marker, the second state has the next one.

@@ -32,7 +32,7 @@ void TellInternalError(int number) {
 }
 
 bool IsBreakpointMarked(const CIDEView &view, intptr_t line) {
-    return view.Send(SCI_MARKERGET, static_cast<uintptr_t>(line)) & (1 << kMarkerBreakpoint);
+    return view.Send(SCI_MARKERGET, static_cast<uintptr_t>(line)) & kBreakpointMarks;
 }
 
 // The breakpoint that the view shows on a line; null when list and view don't agree on one.

@@ -139,7 +139,7 @@ void CIDEView::AddBreakpointEntries(QMenu &menu, intptr_t position) {
     const std::string line = std::to_string(contextLine + 1);
     menu.addAction(
         frame->MakeCommandAction(ID_BREAKPOINT_AT_POINTER, LoadText(IDS_MENU_TOGGLE_BREAKPOINT, {line}), &menu));
-    if (Send(SCI_MARKERGET, static_cast<uintptr_t>(contextLine)) & (1 << kMarkerBreakpoint))
+    if (Send(SCI_MARKERGET, static_cast<uintptr_t>(contextLine)) & kBreakpointMarks)
         menu.addAction(
             frame->MakeCommandAction(ID_BREAKPOINT_PROPERTIES, LoadText(IDS_MENU_BREAKPOINT_PROPERTIES), &menu));
 }

@@ -17,6 +17,7 @@ enum ViewMarker : int {
     kMarkerBreakpointSecond = 4,
     kMarkerFunction = 5,  // invisible; follows the line of a function
 };
+inline constexpr int kBreakpointMarks = 1 << kMarkerBreakpoint | 1 << kMarkerBreakpointSecond;  // as a mask
 
 void SetUpWindow(const CSciWindow &window);   // at its creation
 void SetUpFolding(const CSciWindow &window);  // glyphs of the folding margin

@@ -33,6 +33,8 @@ TEST_F(Breakpoints, FollowTheTextAndTheName) {
     ASSERT_TRUE(other);
     EXPECT_EQ(Marked(other), "0 ");
     EXPECT_EQ(Marked(other, kMarkerBreakpointSecond), "1 ");
+    Toggle(other, 1);
+    EXPECT_EQ(Listed("c.c") + Marked(other, kMarkerBreakpointSecond), "0 ");
 }
 
 TEST_F(Breakpoints, TellWhatDoesNotFit) {
@@ -80,6 +82,8 @@ TEST_F(Breakpoints, CanBeToggledInTheMenuOfALine) {
     };
     EXPECT_TRUE(open(2, "Toggle Breakpoint in Line 3"));
     EXPECT_FALSE(open(1, "Breakpoint Properties..."));
+    program.AnswerDialog([](QWidget &window) { window.close(); });
+    EXPECT_TRUE(open(2, "Breakpoint Properties..."));
     EXPECT_EQ(Listed("a.c"), "2 ");
     EXPECT_FALSE(open(1, "Cut"));  // nothing is selected
     EXPECT_TRUE(open(1, "Select All"));
