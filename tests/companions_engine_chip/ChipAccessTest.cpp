@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "Programs.h"
@@ -44,7 +45,18 @@ TEST(CSimChip, MakesEveryTypeItLists) {
                 if (!chip->WriteEeprom(address, 0xa5) || chip->ReadEeprom(address) != 0xa5) _exit(6);
             chip->RunTo({}, 100);
             chip->PowerOnReset();
-            _exit(chip->Cycles() == 0 ? 0 : 7);
+            if (chip->Cycles() != 0) _exit(7);
+            int pins = 0;
+            for (const char *name : {"RA0", "RB1", "GP0", "GP1"}) {
+                const auto pin = chip->FindPin(name);
+                if (!pin) continue;
+                ++pins;
+                for (const double volts : {0.0, 5.0}) {
+                    chip->SetWires(*pin, {{volts, 100}});
+                    if (std::abs(chip->PinVoltage(*pin) - volts) > 0.01) _exit(8);
+                }
+            }
+            _exit(pins > 0 ? 0 : 9);
         }
         int status = -1;
         ASSERT_EQ(waitpid(child, &status, 0), child);

@@ -12,8 +12,9 @@ const ProgramSources kLamp = {"16f84", R"(
 #include <p16f84.inc>
         __CONFIG _WDT_OFF & _XT_OSC
 start   code    0
+        clrf    PORTB
         bsf     STATUS, RP0
-        bcf     OPTION_REG, NOT_RBPU
+        bcf     OPTION_REG, NOT_RBPU    ; pulls the lamp up as well, until it is an output
         bcf     TRISB, 1
         bcf     STATUS, RP0
 dark    bcf     PORTB, 1
@@ -42,12 +43,15 @@ constexpr int kPortB = 6;
 constexpr double kOpen = std::numeric_limits<double>::infinity();
 
 struct Heard {
+    const CDebugger *debugger = nullptr;  // asked for `place`
+    std::atomic<int> place = -1;          // where the target is while it is told
     std::atomic<int> times = 0, handle = 0;
     std::atomic<double> last = -1;
 };
 void OnVolts(int pin, double volts, void *user) {
     auto &heard = *static_cast<Heard *>(user);
     heard.handle = pin;
+    if (heard.debugger) heard.place = std::stoi(heard.debugger->Evaluate("$pc"));
     heard.last = volts;
     ++heard.times;
 }
@@ -79,7 +83,7 @@ TEST(RealPins, LampFollowsButtonAlsoThroughStepsBackAndResets) {
     const CLinkedProgram program(kLamp);
     CDebugRun run(debugger, true, kLamp.chip, program.ImageName());
     const int button = Connect(debugger, "RB0"), lamp = Connect(debugger, "portb1"), meter = Connect(debugger, "rb0");
-    Heard light, port, key;
+    Heard light{&debugger}, port, key;
     ASSERT_EQ(debugger.Call<DbgPinVChangeCallBackFn>("DbgAddPinVChangeCallBack", lamp, &OnVolts, &light), kDbgOk);
     ASSERT_EQ(debugger.Call<DbgPinVChangeCallBackFn>("DbgAddPinVChangeCallBack", meter, &OnVolts, &key), kDbgOk);
     ASSERT_EQ(debugger.Call<DbgRegChangeCallBackFn>("DbgAddRegChangeCallBack", kPortB, &OnValue, &port), kDbgOk);
@@ -89,6 +93,16 @@ TEST(RealPins, LampFollowsButtonAlsoThroughStepsBackAndResets) {
     ASSERT_EQ(SetOhms(debugger, button, 0), kDbgOk);
     ASSERT_TRUE(WaitUntil([&] { return light.last == 5.0; }));
     EXPECT_EQ(light.handle, lamp);
+    EXPECT_EQ(light.place, 9) << "behind the instruction";
+    ASSERT_EQ(debugger.Command("DbgSimLock"), kDbgOk);
+    const int64_t clk = debugger.Clk();
+    EXPECT_EQ(SetOhms(debugger, button, kOpen), kDbgOk);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(debugger.Clk(), clk);
+    EXPECT_EQ(light.last, 5.0);
+    EXPECT_EQ(SetOhms(debugger, button, 0), kDbgOk);
+    ASSERT_EQ(debugger.Command("DbgSimUnlock"), kDbgOk);
+    EXPECT_TRUE(WaitUntil([&] { return debugger.Clk() > clk; }));
     ASSERT_EQ(SetOhms(debugger, lamp, 150), kDbgOk);
     EXPECT_TRUE(WaitUntil([&] { return std::abs(light.last - 2.5) < 0.001; })) << "a load";
     EXPECT_TRUE(WaitUntil([&] { return (static_cast<int>(port.last) & 3) == 2; })) << "register, by input and program";
@@ -109,7 +123,7 @@ TEST(RealPins, LampFollowsButtonAlsoThroughStepsBackAndResets) {
     for (const char *command : {"DbgReset", "DbgPowerOnReset"}) {
         EXPECT_EQ(run.Do(command).reason, kDbgAfterReset);
         ASSERT_EQ(debugger.Command("DbgRun"), kDbgOk);
-        EXPECT_TRUE(WaitUntil([&] { return light.last == 5.0; })) << command;
+        EXPECT_TRUE(WaitUntil([&] { return light.last == 5.0 && light.place == 9; })) << command;
         ASSERT_EQ(run.Do("DbgStop").reason, kDbgStopped);
     }
 
