@@ -1,4 +1,6 @@
 // The commands of building: who runs them and when they are on.
+#include <utility>
+
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -37,23 +39,27 @@ void CBuildDriver::MapCommands() {
     const auto canBuildAll = [this](CCmdUI &ui) { ui.Enable(CanBuildAll()); };
     const auto canStop = [this](CCmdUI &ui) { ui.Enable(!IsIdle()); };
 
-    OnCommand(ID_BUILD, [this] { BuildActive(BuildArguments(), false); }, canBuild);
+    const auto map = [this](int id, const std::function<void()> &build, const auto &update) {
+        OnCommand(id, [this, id, build] { RunWithoutSession(id, build); }, update);
+    };
+    map(ID_BUILD, [this] { BuildActive(BuildArguments(), false); }, canBuild);
     for (const int rebuild : {ID_REBUILD, ID_REBUILD_BUTTON})
-        OnCommand(rebuild, [this] { BuildActive(kRebuild, false); }, canBuild);
-    OnCommand(ID_CLEAN, [this] { BuildActive(kClean, true); }, canBuild);
+        map(rebuild, [this] { BuildActive(kRebuild, false); }, canBuild);
+    map(ID_CLEAN, [this] { BuildActive(kClean, true); }, canBuild);
 
-    OnCommand(ID_BUILD_ALL, [this] { BuildAll(BuildArguments(), false); }, canBuildAll);
+    map(ID_BUILD_ALL, [this] { BuildAll(BuildArguments(), false); }, canBuildAll);
     for (const int rebuild : {ID_REBUILD_ALL, ID_REBUILD_ALL_BUTTON})
-        OnCommand(rebuild, [this] { BuildAll(kRebuild, false); }, canBuildAll);
-    OnCommand(ID_CLEAN_ALL, [this] { BuildAll(kClean, true); }, canBuildAll);
+        map(rebuild, [this] { BuildAll(kRebuild, false); }, canBuildAll);
+    map(ID_CLEAN_ALL, [this] { BuildAll(kClean, true); }, canBuildAll);
 
     OnCommandRange(
-        ID_TOOL_STEPS, kLastToolStep, [this](int id) { RunToolStep(id - ID_TOOL_STEPS); },
+        ID_TOOL_STEPS, kLastToolStep,
+        [this](int id) { RunWithoutSession(id, [this, id] { RunToolStep(id - ID_TOOL_STEPS); }); },
         [this](CCmdUI &ui) { ui.Enable(CanBuild() && ui.id - ID_TOOL_STEPS < WorkspaceOrNone().GetToolsNumber()); });
     for (const StandardCommand &command : kStandardCommands) {
         const StandardStep step = command.step;
-        OnCommand(command.run, [this, step] { RunStandardStep(step); },
-                  [this, step](CCmdUI &ui) { ui.Enable(CanBuild() && standardSteps_[step] >= 0); });
+        map(command.run, [this, step] { RunStandardStep(step); },
+            [this, step](CCmdUI &ui) { ui.Enable(CanBuild() && standardSteps_[step] >= 0); });
         OnCommand(command.stop, [this] { StopBuild(); }, canStop);
     }
     OnCommand(ID_BUILD_STOP, [this] { StopBuild(); }, canStop);
@@ -63,6 +69,17 @@ bool CBuildDriver::OnCmdMsg(int id, CCmdUI *ui) {
     if (CCmdTarget::OnCmdMsg(id, ui)) return true;
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     return frame && frame->OutputBar().OnCmdMsg(id, ui);
+}
+
+// A build that has waited for the target to stop ends the run by itself; the user has asked for it already.
+void CBuildDriver::RunWithoutSession(int id, const std::function<void()> &build) {
+    CIDEApp &app = CIDEApp::Get();
+    const bool waited = std::exchange(waitingCommand_, 0) == id;
+    if (app.session.IsRunning())
+        waitingCommand_ = id;
+    else if (waited)
+        app.session.End();
+    app.ReplayCommand(id, build);
 }
 
 bool CBuildDriver::CanBuild() const {

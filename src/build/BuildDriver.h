@@ -40,6 +40,7 @@ public:
     bool IsIdle() const;  // no child runs and no step waits
 
 private:
+    void RunWithoutSession(int id, const std::function<void()> &build);
     void MapCommands();
     bool CanBuild() const;
     bool CanBuildAll() const;
@@ -51,6 +52,7 @@ private:
     void TellError(const std::string &text);
 
     std::array<int, kStandardSteps> standardSteps_;
+    int waitingCommand_ = 0;  // comes again when the target of a debug run has stopped
     std::vector<std::string> errors_;  // of the projects of one command that couldn't be queued
 };
 

@@ -133,6 +133,7 @@ bool CWorkspaceController::CloseWorkspace() {
         frame.CancelClosing();
         return false;
     }
+    app.session.EndAtOnce();
     boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();
     if (workspace) StoreProjectState(ActiveProjectPath());
     app.CloseAllDocuments();

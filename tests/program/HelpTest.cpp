@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <set>
 
-#include "ProgramDirectory.h"
+#include "support/ProgramDirectory.h"
 #include "ProgramTest.h"
 #include "framework/Text.h"
 #include "platform/PathCalls.h"
@@ -45,7 +45,7 @@ QPushButton *ButtonOf(QWidget &dialog, int text) {
 using HelpTest = ProgramTest;
 
 TEST_F(HelpTest, DocumentsOpenInTheDesktopsProgramsOrAreNamedAsMissing) {
-    const CProgramDirectoryWithout directory(scratch, "UserManual.pdf");
+    const OwnProgramDirectory directory(scratch, {"UserManual.pdf"});
     CDesktop desktop;
     Start();
     program->Answer(IDOK);

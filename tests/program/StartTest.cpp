@@ -1,7 +1,7 @@
 #include <QMessageBox>
 #include <filesystem>
 
-#include "ProgramDirectory.h"
+#include "support/ProgramDirectory.h"
 #include "ProgramTest.h"
 #include "framework/Text.h"
 
@@ -31,7 +31,7 @@ protected:
 };
 
 TEST_F(StartTest, EndsWithAFixedTextWithoutTheLanguageLibrary) {
-    const CProgramDirectoryWithout directory(scratch, "ide.lang.dll");
+    const OwnProgramDirectory directory(scratch, {"ide.lang.dll"});
     const Box box = StartWithBox();
     EXPECT_EQ(box.title, "Thornwell IDE startup error");
     EXPECT_EQ(box.text, "Can't load language DLL");
@@ -40,7 +40,7 @@ TEST_F(StartTest, EndsWithAFixedTextWithoutTheLanguageLibrary) {
 }
 
 TEST_F(StartTest, EndsWithALibraryTextWithoutTheEditingComponent) {
-    const CProgramDirectoryWithout directory(scratch, "SciLexer.dll");
+    const OwnProgramDirectory directory(scratch, {"SciLexer.dll"});
     const Box box = StartWithBox();
     EXPECT_EQ(box.title, Text(IDS_NO_LEXER_TITLE));
     EXPECT_EQ(box.text, Text(IDS_NO_LEXER));
@@ -51,7 +51,7 @@ TEST_F(StartTest, EndsWithALibraryTextWithoutTheEditingComponent) {
 
 TEST_F(StartTest, StartsAgainAfterAFailedStart) {
     {
-        const CProgramDirectoryWithout directory(scratch, "SciLexer.dll");
+        const OwnProgramDirectory directory(scratch, {"SciLexer.dll"});
         StartWithBox();
         End();
     }

@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <filesystem>
 
-#include "ProgramDirectory.h"
+#include "support/ProgramDirectory.h"
 #include "ProgramTest.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
@@ -206,7 +206,7 @@ TEST_F(SymbolTest, TakesExtraLocationsIn) {
 
 TEST_F(SymbolTest, LetsTheUserEndATagGeneratorThatHangs) {
     WriteProject();
-    const CProgramDirectoryWithout directory(scratch, "ctags.exe");
+    const OwnProgramDirectory directory(scratch, {"ctags.exe"});
     scratch.Write("bin/ctags.exe", "#!/bin/sh\nexec sleep 1000\n");
     std::filesystem::permissions(scratch.Native("bin/ctags.exe"), std::filesystem::perms::owner_all);
     Make({scratch.Native("p q/tank.__c")});

@@ -94,19 +94,6 @@ std::string BuildProgram::SelectedText() {
     return text.c_str();
 }
 
-OwnProgramDirectory::OwnProgramDirectory(const CScratch &scratch, const std::vector<std::string> &missing)
-    : real_(getenv("THORNWELL_PROGRAM_DIR")), path_(scratch.Path() / "program") {
-    fs::create_directories(path_);
-    for (const auto &entry : fs::directory_iterator(real_))
-        if (std::ranges::find(missing, entry.path().filename().string()) == missing.end())
-            fs::create_symlink(entry.path(), path_ / entry.path().filename());
-    setenv("THORNWELL_PROGRAM_DIR", path_.c_str(), 1);
-}
-
-OwnProgramDirectory::~OwnProgramDirectory() {
-    setenv("THORNWELL_PROGRAM_DIR", real_.c_str(), 1);
-}
-
 int ProcessesWith(const std::string &text) {
     int count = 0;
     std::error_code ignored;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/Program.h"
+#include "support/ProgramDirectory.h"
 
 class BuildProgram : public testing::Test {
 protected:
@@ -39,19 +40,6 @@ protected:
 
     CScratch scratch;
     std::unique_ptr<CProgram> program;
-};
-
-// A program directory of links to the files of the real one, without some of them, for the life of the object. The
-// program that is started meanwhile lives in it.
-class OwnProgramDirectory {
-public:
-    explicit OwnProgramDirectory(const CScratch &scratch, const std::vector<std::string> &missing = {});
-    ~OwnProgramDirectory();
-    const std::filesystem::path &Path() const { return path_; }
-
-private:
-    const std::string real_;
-    const std::filesystem::path path_;
 };
 
 // Number of processes whose command line holds `text`.
