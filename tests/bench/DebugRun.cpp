@@ -6,7 +6,10 @@
 
 #include "bench/Benchmarks.h"
 #include "bench/Measure.h"
+#include "debugger/DebugBar.h"
+#include "debugger/DebugBars.h"
 #include "editor/IDEView.h"
+#include "editor/ListBar.h"
 #include "editor/ViewSetup.h"
 #include "framework/MessageTarget.h"
 #include "support/Program.h"
@@ -46,7 +49,9 @@ private:
     QProcess gpsim_;
 };
 
-bool Stands(CProgram &program) { return !program.App().session.IsRunning() && WaitingMessages() == 0; }
+bool Stands(CProgram &program) {
+    return !program.App().session.IsRunning() && WaitingMessages() == 0;
+}
 
 bool ShowsExecution(CProgram &program) {
     const CIDEView *view = program.ActiveView();
@@ -58,15 +63,29 @@ void Start(CProgram &program) {
     TurnEventsUntil([&] { return Stands(program) && ShowsExecution(program); });
 }
 
-void Paint(CProgram &program) {
-    program.Frame().repaint();
+// What has changed, no more.
+void Paint() {
     QCoreApplication::processEvents();
+}
+
+// Side by side, none behind another.
+void ShowAllBars(CProgram &program) {
+    CMainFrame &frame = program.Frame();
+    const DebugBars &bars = frame.DebugBars();
+    const std::initializer_list<CDockBar *> all = {bars.registers, bars.stack,   bars.ram,        bars.eeprom,
+                                                   bars.watch,     bars.profile, &frame.ListBar()};
+    for (CDockBar *bar : all) {
+        frame.addDockWidget(Qt::RightDockWidgetArea, bar, Qt::Horizontal);
+        bar->show();
+    }
+    Paint();
+    for (const CDockBar *bar : all) Require(bar->IsShowing(), "a bar isn't to be seen");
 }
 
 // Opens the example and builds it. Returns the native name of what the simulator's program loads.
 std::string Prepare(const CScratch &scratch, CProgram &program) {
     Require(program.Start(), "the program doesn't start");
-    program.Frame().resize(1600, 1000);
+    program.Frame().resize(2560, 1440);
     Require(program.Build(), "the example doesn't build");
     const std::string image = scratch.Native("greeting/Debug/greeting.cod");
     Require(std::filesystem::exists(image), "the example leaves no image");
@@ -83,11 +102,11 @@ void BenchDebugStart() {
     const auto start = [&] {
         const double time = Elapsed([&] {
                                 Start(program);
-                                Paint(program);
+                                Paint();
                             }).count();
         program.Command(ID_DEBUG_END);
         Require(!program.App().session.IsOpen(), "the run doesn't end");
-        Paint(program);
+        Paint();
         return time;
     };
     const auto peer = [&] { return Elapsed([&] { CPeer gpsim(image); }).count(); };
@@ -102,16 +121,15 @@ void BenchDebugStep() {
     CProgram program(scratch, {scratch.Native("greeting/greeting.__c")});
     const std::string image = Prepare(scratch, program);
     Start(program);
-    for (const int bar : {ID_VIEW_REGISTER_BAR, ID_VIEW_WATCH_BAR, ID_VIEW_RAM_BAR, ID_VIEW_EEPROM_BAR,
-                          ID_VIEW_STACK_BAR, ID_VIEW_PROFILE_BAR, ID_VIEW_LISTING_BAR})
-        if (!QueryCommand(program.Frame(), bar).checked.value_or(false)) program.Command(bar);
-    Paint(program);
+    ShowAllBars(program);
+    Paint();
     const auto step = [&] {
         return Elapsed([&] {
                    program.Command(ID_DEBUG_STEP_INTO);
                    TurnEventsUntil([&] { return Stands(program); });
-                   Paint(program);
-               }).count();
+                   Paint();
+               })
+            .count();
     };
     CPeer gpsim(image);
     const auto peer = [&] { return Elapsed([&] { gpsim.Step(); }).count(); };
