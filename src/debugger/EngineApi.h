@@ -31,7 +31,7 @@ enum DbgReason : int {
     kDbgNoteSleep = 6,      // the chip sleeps, or is held in reset, and nothing but a pin will wake it
     kDbgNoteStack = 7,      // its stack has run over or under
     kDbgBadMemory = 8,      // stopped: it has run off its program memory
-    kDbgText = 100,         // `text` for the output list; null clears it
+    kDbgText = 100,         // `text` for the output list, as of the first reset by the program; null clears it
 };
 
 // Value formats of DbgEvaluate.
@@ -85,16 +85,18 @@ using DbgSetClkRateFn = int(int hertz);
 //
 // A step by source line ends at the first address of another line's code, or of a line at another depth of the stack; a
 // line that loops is run through, a jump to itself ends the step. Code without source is stepped over, or by
-// instruction where the step begins in it. Interrupts are passed over, but by DbgStepIntoInstr; breakpoints and watchpoints stop in
-// all that is passed over. DbgStepOut stops behind the return and is refused with an empty stack.
+// instruction where the step begins in it. Interrupts are passed over, but by DbgStepIntoInstr; breakpoints and watchpoints
+// stop in all that is passed over. DbgStepOut stops behind the return and is refused with an empty stack. A step ends
+// where the program or a watchdog resets the chip; a run goes on.
 using DbgCommandFn = int();
 
 // `expression` is a name or an expression of C over names: symbols of the image, "$NAME" a register, "$%d" a byte of
-// data memory by its address, "$pc". "_registers" gives the text of all registers for dbgSymbolValue, of at most 4,094 bytes. `error`, which may
-// be null, takes at least 256 bytes.
+// data memory by its address, "$pc". "_registers" gives the text of all registers for dbgSymbolValue, of at most 4,094
+// bytes. `error`, which may be null, takes at least 256 bytes.
 using DbgEvaluateFn = int(const char *expression, char *buffer, int size, int format, char *error);
 using DbgSetFn = int(const char *name, int value);
 
+// Data memory by address; on enhanced mid-range chips by the linear one, from 0x2000 on, too.
 using DbgGetRegFn = int(int address, int *value);
 using DbgSetRegFn = int(int address, int value);
 using DbgRegNameToAddrFn = int(const char *name, uint16_t *address);
@@ -123,7 +125,9 @@ using DbgGetBreakpointHitCountFn = int(int id, int *count);
 using DbgResetBreakpointHitCountFn = int(int id);
 
 // `name`: "$NAME", "$%d" or a symbol of data memory with all its bytes; one on the same bytes that is there already
-// gives its id. Stops behind each instruction that writes there, also when the value stays.
+// gives its id. "$W" is watched also where it has no address. Stops behind each instruction that writes there, also when
+// the value stays, and behind what changes the value by itself: a timer, a pin, a flag. Of PCL, which each instruction
+// moves, the writes of the program alone. Refused for what stands for another byte, as INDF.
 using DbgSetWatchpointFn = int(const char *name, int *id);
 using DbgDeleteWatchpointFn = int(int id);
 

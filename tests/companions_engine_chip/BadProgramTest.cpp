@@ -88,6 +88,7 @@ TEST(BadProgram, StackOverflowThatResetsPic18) {
     ASSERT_TRUE(chip);
     EXPECT_EQ(chip->RunTo(kNoStops, 1000), ChipState::stackOverflow);
     EXPECT_EQ(chip->Resets(), 1u);
+    EXPECT_EQ(chip->LastReset().cause, ResetCause::stack);
     EXPECT_EQ(chip->ProgramCounter(), 0u);
     EXPECT_TRUE(chip->Stack().empty());
     EXPECT_EQ(chip->RunTo(kNoStops, 1000), ChipState::running);
@@ -128,8 +129,13 @@ TEST(BadProgram, StopsBehindASleepOnlyWhenAwake) {
 TEST(BadProgram, ResetsInALoop) {
     const auto chip = MakeChipOf("PIC18F452", "  config WDT = OFF\n  org 0\n  nop\n  reset");
     ASSERT_TRUE(chip);
-    EXPECT_EQ(chip->RunTo(kNoStops, 1000), ChipState::running);
-    EXPECT_EQ(chip->Resets(), 500u);
+    for (uint64_t resets = 1; resets < 500; ++resets) {
+        ASSERT_EQ(chip->RunTo(kNoStops, 1000), ChipState::running);
+        ASSERT_EQ(chip->Resets(), resets);
+        ASSERT_EQ(chip->Cycles(), 2 * resets);
+    }
+    EXPECT_EQ(chip->LastReset().cause, ResetCause::instruction);
+    EXPECT_EQ(chip->LastReset().address, 2u);
     chip->PowerOnReset();
     EXPECT_EQ(chip->Resets(), 0u);
 }
@@ -138,8 +144,9 @@ TEST(BadProgram, IsResetByItsWatchdogOverAndOver) {
     const auto chip =
         MakeChipOf("PIC16F84", "  __config _WDT_ON & _XT_OSC\n  org 0\n  bsf STATUS, RP0\n  clrf OPTION_REG\n  goto $");
     ASSERT_TRUE(chip);
-    EXPECT_EQ(chip->RunTo(kNoStops, 1000000), ChipState::running);
-    EXPECT_GT(chip->Resets(), 2u);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(chip->RunTo(kNoStops, 1000000), ChipState::running);
+    EXPECT_EQ(chip->Resets(), 3u);
+    EXPECT_EQ(chip->LastReset().cause, ResetCause::watchdog);
 }
 
 TEST(BadProgram, TouchesRegistersThatAreNotThere) {

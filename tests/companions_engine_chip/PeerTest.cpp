@@ -105,8 +105,21 @@ void CompareWithPeer(const std::string &type, const std::string &name, int turns
             for (uint32_t address = 0; address < chip->DataSize(); ++address) (void)chip->ReadRegister(address);
         const uint64_t begin = chip->Cycles();
         const uint32_t address = chip->ProgramCounter();
+        // Each write is noticed when its place is watched; of the places one at a time.
+        const auto watched = [&] {
+            const int place = traced.writes[i % traced.writes.size()].address;
+            return place < 0 ? CSimChip::kWorking : static_cast<uint32_t>(place);
+        };
+        // What a return restores is told with the instruction behind it.
+        const uint32_t former = i > 0 ? chip->WordAt(trace[i - 1].address) : 0;
+        const bool restores = former == 0x0009 || former == 0x0011 || former == 0x0013;
+        const bool watches = !traced.writes.empty() && !restores && chip->WatchByte(watched(), true);
         const ChipState state = chip->Step();
         ASSERT_TRUE(state == ChipState::running || state == ChipState::asleep) << "instruction " << i;
+        if (watches) {
+            ASSERT_TRUE(chip->TakeWritten()) << "instruction " << i << " at " << address << ", " << watched();
+            chip->WatchByte(watched(), false);
+        }
         // Skips and computed jumps are told a cycle late, and those jumps at the wrong address.
         const bool isLate = traced.cycle > begin && traced.cycle < chip->Cycles();
         ASSERT_EQ(isLate ? traced.cycle : begin, traced.cycle) << "instruction " << i << " at " << address;

@@ -164,6 +164,27 @@ TEST(Run, TellsWhatTheChipComesTo) {
     EXPECT_EQ(watched.events.instructions, (std::vector<int>{0, 1, 2, 3, 4, 1, 2, 3}));
 }
 
+// A reset takes the simulator as long as a thousand instructions do: a slice has room for few of them.
+TEST(Run, GoesOnInAProgramThatResetsForEver) {
+    ToyRun run({{1, Op::nop}, {2, Op::call, 3}, {3, Op::nop}, {4, Op::reset}});
+    for (bool told : {false, true}) {
+        run.control.TellInstructions(told);
+        EXPECT_EQ(run.Do(RunKind::run), 0);
+        EXPECT_LT(run.chip.Resets(), told ? 1000u : 500u);
+        ASSERT_EQ(run.events.texts.size(), 1u);
+        EXPECT_NE(run.events.texts[0].find("RESET instruction at 0x0003"), std::string::npos) << run.events.texts[0];
+    }
+    run.control.Stop();
+    EXPECT_TRUE(run.control.Slice(run.events).stopped);
+    run.control.TellInstructions(false);
+    run.chip.SetProgramCounter(1);
+    EXPECT_EQ(run.Do(RunKind::stepOver), kDbgStopped);
+    EXPECT_EQ(run.chip.ProgramCounter(), 0u) << "a step ends behind a reset";
+    run.control.WasReset();
+    run.Do(RunKind::run);
+    EXPECT_EQ(run.events.texts.size(), 2u);
+}
+
 TEST(StopSettings, OutliveAStepBack) {
     ToyRun early(Counting()), late(Counting());
     early.Break(1, 3);

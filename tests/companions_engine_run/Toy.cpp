@@ -27,6 +27,11 @@ void CToyChip::Execute(const ToyInstruction &instruction) {
             break;
         case Op::dropReturn: stack_.pop_back(); break;
         case Op::sleep: asleep_ = true; break;
+        case Op::reset:
+            lastReset_ = pc_ - 1;
+            resets_++;
+            Reset();
+            break;
     }
 }
 
@@ -51,8 +56,10 @@ ChipState CToyChip::Step() {
 
 ChipState CToyChip::RunTo(const std::vector<bool> &stops, uint64_t most) {
     ChipState state = ChipState::running;
+    const uint64_t formerResets = resets_;
     do state = Step();
-    while (--most > 0 && state == ChipState::running && !(pc_ < stops.size() && stops[pc_]));
+    while (--most > 0 && state == ChipState::running && !written_ && resets_ == formerResets &&
+           !(pc_ < stops.size() && stops[pc_]));
     return state;
 }
 

@@ -8,7 +8,7 @@
 
 #include "RunControl.h"
 
-enum class Op { nop, store, add, skipIfZero, jump, call, back, backFromInterrupt, dropReturn, sleep };
+enum class Op { nop, store, add, skipIfZero, jump, call, back, backFromInterrupt, dropReturn, sleep, reset };
 
 // `line` 0: code without source. Each instruction takes a cycle.
 struct ToyInstruction {
@@ -36,6 +36,8 @@ public:
     ChipState Step() override;
     ChipState RunTo(const std::vector<bool> &stops, uint64_t most) override;
     bool SomethingIsDue() const override { return wakesAt > cycles_; }
+    uint64_t Resets() const override { return resets_; }
+    ChipReset LastReset() const override { return {ResetCause::instruction, lastReset_}; }
     uint32_t ProgramSize() const override { return static_cast<uint32_t>(program.size()); }
     uint32_t ProgramCounter() const override { return pc_; }
     bool SetProgramCounter(uint32_t address) override {
@@ -59,25 +61,28 @@ public:
         if (address < kMemory) memory_[address] = value;
         return address < kMemory;
     }
-    bool WatchWrites(uint32_t address, bool on) override {
-        if (address < kMemory) watched_[address] = on;
+    bool WatchByte(uint32_t address, bool on) override {
+        if (address < kMemory) watched_[address] += on ? 1 : -1;
         return address < kMemory;
     }
     bool TakeWritten() override { return std::exchange(written_, false); }
+    void ForgetWritten() override { written_ = false; }
 
 private:
     void Execute(const ToyInstruction &instruction);
     void Write(uint32_t address, uint8_t value) {
         memory_[address] = value;
-        written_ |= watched_[address];
+        written_ |= watched_[address] > 0;
     }
 
     uint32_t pc_ = 0;
     uint64_t cycles_ = 0;
     uint8_t w_ = 0;
+    uint64_t resets_ = 0;
+    uint32_t lastReset_ = 0;
     std::vector<uint32_t> stack_;
     uint8_t memory_[kMemory] = {};
-    bool watched_[kMemory] = {};
+    int watched_[kMemory] = {};
     bool written_ = false, asleep_ = false;
 };
 

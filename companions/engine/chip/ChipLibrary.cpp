@@ -68,9 +68,24 @@ ProcessorConstructor *FindMaker(const std::string &type) {
     return nullptr;
 }
 
+namespace {
+
+Core CoreOf(pic_processor &chip) {
+    switch (chip.base_isa()) {
+        case _12BIT_PROCESSOR_: return Core::baseline;
+        case _14BIT_PROCESSOR_: return Core::midRange;
+        case _14BIT_E_PROCESSOR_: return Core::enhanced;
+        default: return Core::pic18;
+    }
+}
+
+}  // namespace
+
 CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
     : cpu(chip),
       isPic18(pic18),
+      core(CoreOf(chip)),
+      timerHigh(pic18 ? &static_cast<_16bit_processor &>(chip).tmr0h : nullptr),
       resetListener(*new CResetListener),  // the library deletes it when it is removed
       pins(chip, seenStackFlags) {
     gi.add_interface(&resetListener);

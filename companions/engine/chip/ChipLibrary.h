@@ -16,6 +16,8 @@
 #include <vector>
 
 #include "chip/ChipPins.h"
+#include "chip/ChipWatch.h"
+#include "chip/InstructionWrites.h"
 #include "chip/SimChip.h"
 
 // Hears of each reset: the library tells its interfaces when it stops, and with "break on reset" it believes it does.
@@ -57,10 +59,19 @@ struct CSimChip::Impl {
     uint32_t ToAddress(uint32_t index) const { return isPic18 ? index * 2 : index; }
     bool IsEmpty(uint32_t index) const { return cpu.program_memory[index] == &cpu.bad_instruction; }
     Register *RegisterAt(uint32_t address) const;  // null where the chip has none
+    uint8_t ValueOf(Register &where) const;        // without the effects that a read has for the chip
 
-    ChipState Run(const std::vector<bool> *stops, uint64_t most);
+    void ReadWatched();
+    void LookAtWatched(const WrittenBytes &writes);
+
+    ChipState Run(const std::vector<bool> *stops, uint64_t most) {
+        return watch.Any() ? RunLoop<true>(stops, most) : RunLoop<false>(stops, most);
+    }
+    template <bool watching>
+    ChipState RunLoop(const std::vector<bool> *stops, uint64_t most);
     void AfterReset();
     void LookAtHalt(unsigned int formerIndex, ChipState &state);
+    ResetCause CauseOfReset(unsigned int formerIndex) const;
     void LookAtStack(unsigned int flags, ChipState &state);
     // Makes a change that doesn't come out of an instruction. The library looks for what such a one brings, a wake-up or
     // an interrupt, in the middle of a cycle only.
@@ -70,12 +81,16 @@ struct CSimChip::Impl {
 
     pic_processor &cpu;  // the library's; lives as long as the process
     const bool isPic18;
+    const Core core;
+    Register *const timerHigh;  // TMR0H of PIC18; null on other chips
     CResetListener &resetListener;
     CChipPins pins;
+    CChipWatch watch;
     CRingStack *ring = nullptr;                // null: the chip has another kind of stack
     const unsigned int *stackFlags = nullptr;  // of StackFlag
     unsigned int seenStackFlags = 0;           // and the pins' alarm, which makes the run look at both
     uint64_t resets = 0;
+    ChipReset lastReset;
     double clockRate = 0;     // of SetClockRate, hertz; 0: the library's own
     uint64_t firstCycle = 0;  // the library's count at the power-on reset; it never goes back
 };

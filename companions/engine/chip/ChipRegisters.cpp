@@ -34,9 +34,7 @@ constexpr struct {
 // would then read.
 class CKeepTimerHigh {
 public:
-    explicit CKeepTimerHigh(pic_processor &cpu)
-        : high_(dynamic_cast<_16bit_processor *>(&cpu) ? &static_cast<_16bit_processor &>(cpu).tmr0h : nullptr),
-          value_(high_ ? high_->value : RegisterValue()) {}
+    explicit CKeepTimerHigh(Register *high) : high_(high), value_(high ? high->value : RegisterValue()) {}
     ~CKeepTimerHigh() {
         if (high_) high_->value = value_;
     }
@@ -48,9 +46,15 @@ private:
     RegisterValue value_;
 };
 
+// Enhanced mid-range chips show the general memory of all banks in a row as well, 80 bytes of each.
+constexpr uint32_t kLinear = 0x2000, kLinearBank = 80, kLinearFirst = 0x20, kBankSize = 0x80, kBanks = 31;
+
 }  // namespace
 
 Register *CSimChip::Impl::RegisterAt(uint32_t address) const {
+    if (address == kWorking) return cpu.Wreg;
+    if (core == Core::enhanced && address >= kLinear && address < kLinear + kBanks * kLinearBank)
+        address = (address - kLinear) / kLinearBank * kBankSize + kLinearFirst + (address - kLinear) % kLinearBank;
     if (address >= cpu.register_memory_size()) return nullptr;
     Register *found = cpu.registers[address];
     return found && found->isa() != Register::INVALID_REGISTER ? found : nullptr;
@@ -58,6 +62,12 @@ Register *CSimChip::Impl::RegisterAt(uint32_t address) const {
 
 uint32_t CSimChip::DataSize() const {
     return impl_->cpu.register_memory_size();
+}
+
+uint8_t CSimChip::Impl::ValueOf(Register &where) const {
+    if (&where == cpu.pcl) return ToAddress(cpu.pc->value) & 0xff;  // the library gives the one behind it
+    const CKeepTimerHigh keep(timerHigh);
+    return static_cast<uint8_t>(where.get_value());
 }
 
 bool CSimChip::HasRegister(uint32_t address) const {
@@ -78,9 +88,7 @@ std::string CSimChip::RegisterName(uint32_t address) const {
 std::optional<uint8_t> CSimChip::ReadRegister(uint32_t address) const {
     Register *found = impl_->RegisterAt(address);
     if (!found) return std::nullopt;
-    if (found == impl_->cpu.pcl) return ProgramCounter() & 0xff;  // the library gives the one behind it
-    const CKeepTimerHigh keep(impl_->cpu);
-    return static_cast<uint8_t>(found->get_value());
+    return impl_->ValueOf(*found);
 }
 
 bool CSimChip::WriteRegister(uint32_t address, uint8_t value) {
@@ -91,6 +99,7 @@ bool CSimChip::WriteRegister(uint32_t address, uint8_t value) {
         return SetProgramCounter((impl_->cpu.get_pclath_branching_modpcl() | value) & (impl_->isPic18 ? ~1u : ~0u));
     }
     impl_->FromOutside([&] { found->put(value); });
+    impl_->ReadWatched();
     return true;
 }
 

@@ -14,12 +14,25 @@ constexpr int kMostPhases = 16;
 
 }  // namespace
 
+ResetCause CSimChip::Impl::CauseOfReset(unsigned int formerIndex) const {
+    constexpr unsigned int kReset18 = 0x00ff, kResetEnhanced = 0x0001, kRcon = 0xfd0, kRconTimeOut = 0x08,
+                           kStatusTimeOut = 0x10;
+    const unsigned int code = IsEmpty(formerIndex) ? 0 : cpu.program_memory[formerIndex]->get_opcode();
+    if ((isPic18 && code == kReset18) || (core == Core::enhanced && code == kResetEnhanced))
+        return ResetCause::instruction;
+    if (*stackFlags & kStackFlags & ~seenStackFlags) return ResetCause::stack;
+    const bool noTimeOut = isPic18 ? cpu.registers[kRcon]->get_value() & kRconTimeOut
+                                   : cpu.status->value.data & kStatusTimeOut;
+    return noTimeOut ? ResetCause::other : ResetCause::watchdog;
+}
+
 // A halt is the library's word for several things: a reset, a jump out of memory, a register that isn't there.
 void CSimChip::Impl::LookAtHalt(unsigned int formerIndex, ChipState &state) {
     bp.clear_global();
     if (resetListener.heard) {
         resetListener.heard = false;
         ++resets;
+        lastReset = {CauseOfReset(formerIndex), ToAddress(formerIndex)};
     } else if (cpu.pc->value == formerIndex || cpu.pc->value >= cpu.program_memory_size()) {
         state = ChipState::offProgram;  // a jump out of memory isn't carried out
     }
@@ -35,7 +48,8 @@ void CSimChip::Impl::LookAtStack(unsigned int flags, ChipState &state) {
     seenStackFlags = *stackFlags & kStackFlags;
 }
 
-ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
+template <bool watching>
+ChipState CSimChip::Impl::RunLoop(const std::vector<bool> *stops, uint64_t most) {
     Program_Counter &pc = *cpu.pc;
     Cycle_Counter &clock = get_cycles();
     Breakpoints &breaks = bp;
@@ -49,11 +63,14 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
 
     breaks.clear_global();
     ChipState state = ChipState::running;
+    const uint64_t formerResets = resets;
     for (uint64_t left = most; left > 0; --left) {
         const uint32_t index = pc.value;
+        WrittenBytes writes;
         ClockPhase *phase = cpu.mCurrentPhase;
         if (phase == execute) {
             if (index >= words || program[index] == empty) return ChipState::offProgram;
+            if constexpr (watching) writes = BytesToBeWritten(cpu, core);
             execute->setNextPhase(execute);
             program[index]->execute();
             clock.increment();  // the library leaves this out when halted, and a cycle would be lost at each reset
@@ -65,6 +82,7 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
         for (int i = 0; phase != execute && phase != idle && i < kMostPhases; ++i)
             phase = cpu.mCurrentPhase = phase->advance();
 
+        if constexpr (watching) LookAtWatched(writes);
         if (breaks.global_break) [[unlikely]]
             LookAtHalt(index, state);
         if (const unsigned int flags = *stackFlags & kStackFlags; flags != seenStackFlags) [[unlikely]] {
@@ -75,6 +93,9 @@ ChipState CSimChip::Impl::Run(const std::vector<bool> *stops, uint64_t most) {
         // Asleep, the program counter is at the next instruction already.
         if (const size_t address = static_cast<size_t>(pc.value) << shift;
             address < stopsEnd && (*stops)[address] && phase == execute)
+            break;
+        if (watching && watch.written) break;
+        if (resets != formerResets) [[unlikely]]
             break;
     }
     return cpu.mCurrentPhase == idle ? ChipState::asleep : state;
@@ -98,6 +119,7 @@ void CSimChip::PowerOnReset() {
     impl_->cpu.reset(POR_RESET);
     if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to a rate of their own
     impl_->AfterReset();
+    impl_->ReadWatched();
     impl_->resets = 0;
     impl_->firstCycle = get_cycles().get();
 }
@@ -106,6 +128,7 @@ void CSimChip::Reset() {
     impl_->cpu.reset(MCLR_RESET);
     impl_->cpu.reset(EXIT_RESET);
     impl_->AfterReset();
+    impl_->ReadWatched();
 }
 
 // The library throws where it finds itself at odds; such a chip goes no further.
@@ -125,6 +148,10 @@ bool CSimChip::SomethingIsDue() const {
 
 uint64_t CSimChip::Resets() const {
     return impl_->resets;
+}
+
+ChipReset CSimChip::LastReset() const {
+    return impl_->lastReset;
 }
 
 uint64_t CSimChip::Cycles() const {

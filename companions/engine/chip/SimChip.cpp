@@ -137,6 +137,10 @@ bool CSimChip::IsPic18() const {
     return impl_->isPic18;
 }
 
+Core CSimChip::InstructionSet() const {
+    return impl_->core;
+}
+
 uint32_t CSimChip::ProgramSize() const {
     return impl_->ToAddress(impl_->cpu.program_memory_size());
 }
@@ -158,6 +162,7 @@ uint8_t CSimChip::W() const {
 
 void CSimChip::SetW(uint8_t value) {
     impl_->cpu.Wput(value);
+    impl_->ReadWatched();
 }
 
 uint32_t CSimChip::WordAt(uint32_t address) const {

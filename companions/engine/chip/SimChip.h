@@ -33,6 +33,16 @@ struct ChipWire {
     double volts = 0, ohms = std::numeric_limits<double>::infinity();
 };
 
+// Whose instructions a chip executes: of 12 bits, of 14 bits, of 14 bits with some more, of 16 bits.
+enum class Core { baseline, midRange, enhanced, pic18 };
+
+// What has reset a chip. `address`: of the instruction behind which it was reset.
+enum class ResetCause { instruction, watchdog, stack, other };
+struct ChipReset {
+    ResetCause cause = ResetCause::other;
+    uint32_t address = 0;
+};
+
 class CSimChip {
 public:
     static std::vector<std::string> Types();  // of all chips that can be created: "PIC16F628A"..., sorted
@@ -54,16 +64,18 @@ public:
     // At least one instruction, then until the program counter is at an address that `stops` has set (indexed by the
     // chip's own addresses; it may be shorter than the memory), at most `most` in all; cycles of sleep count as well.
     // Ends with any state other than running, but asleep only when nothing inside the chip is due to happen, or at
-    // `most`; and behind the instruction that has changed a watched pin.
+    // `most`; and behind what has changed a watched pin, written a watched byte or reset the chip.
     ChipState RunTo(const std::vector<bool> &stops, uint64_t most);
 
     // Whether anything is due inside the chip: a watchdog, a timer. False while asleep: only a pin can wake it.
     bool SomethingIsDue() const;
 
-    // How often the chip has been reset since power-on by its program or its watchdog.
+    // How often the chip has been reset since power-on by its program or its watchdog, and by what last.
     uint64_t Resets() const;
+    ChipReset LastReset() const;
 
     bool IsPic18() const;
+    Core InstructionSet() const;
     uint32_t ProgramSize() const;  // in the chip's addresses
     uint32_t DataSize() const;     // of data memory, bytes
     uint32_t EepromSize() const;   // bytes
@@ -75,11 +87,22 @@ public:
     void SetW(uint8_t value);
     uint32_t WordAt(uint32_t address) const;  // of program memory; all bits set where it is empty or there is none
 
+    // Data memory by address; that of enhanced mid-range chips also in its linear form, from 0x2000 on.
     bool HasRegister(uint32_t address) const;
     std::string RegisterName(
         uint32_t address) const;  // upper case, as the chip's header has it; empty for plain memory
     std::optional<uint8_t> ReadRegister(uint32_t address) const;  // without the effects that a read has for the chip
     bool WriteRegister(uint32_t address, uint8_t value);          // as the chip itself would; PCL: a jump of no cycles
+
+    // Watched bytes: each write of the program is noticed, whether the value changes or not, and each change that the
+    // chip makes by itself or that comes in by its pins; of PCL, which every instruction moves, the writes alone. What
+    // is written from here isn't. Wishes for a byte are counted. False where there is nothing to watch: no register, or
+    // one that stands for another, as INDF does.
+    static constexpr uint32_t kWorking = ~0u;  // the working register, wherever it is
+    bool WatchByte(uint32_t address, bool on);
+    bool TakeWritten();    // whether a watched byte was written since the last call
+    void ForgetWritten();  // and what has changed while the chip stood
+
     std::optional<uint8_t> ReadEeprom(uint32_t address) const;
     bool WriteEeprom(uint32_t address, uint8_t value);
 

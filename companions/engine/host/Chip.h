@@ -21,6 +21,8 @@ public:
     virtual ChipState Step() = 0;
     virtual ChipState RunTo(const std::vector<bool> &stops, uint64_t most) = 0;
     virtual bool SomethingIsDue() const = 0;
+    virtual uint64_t Resets() const = 0;
+    virtual ChipReset LastReset() const = 0;
 
     virtual uint32_t ProgramSize() const = 0;
     virtual uint32_t ProgramCounter() const = 0;
@@ -37,7 +39,7 @@ public:
     virtual std::optional<uint8_t> ReadRegister(uint32_t address) const = 0;
     virtual bool WriteRegister(uint32_t address, uint8_t value) = 0;
 
-    // Whether writes of the program to a byte of data memory are noticed; false when there is no such byte.
-    virtual bool WatchWrites(uint32_t address, bool on) = 0;
-    virtual bool TakeWritten() = 0;  // whether one was noticed since the last call
+    virtual bool WatchByte(uint32_t address, bool on) = 0;
+    virtual bool TakeWritten() = 0;
+    virtual void ForgetWritten() = 0;
 };

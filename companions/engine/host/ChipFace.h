@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "Chip.h"
-#include "DataWrite.h"
 #include "registers/RegisterInfo.h"
 
 class CChipFace : public IChip {
@@ -18,9 +17,11 @@ public:
 
     void PowerOnReset() override { chip_.PowerOnReset(); }
     void Reset() override { chip_.Reset(); }
-    ChipState Step() override;
+    ChipState Step() override { return chip_.Step(); }
     ChipState RunTo(const std::vector<bool> &stops, uint64_t most) override { return chip_.RunTo(stops, most); }
     bool SomethingIsDue() const override { return chip_.SomethingIsDue(); }
+    uint64_t Resets() const override { return chip_.Resets(); }
+    ChipReset LastReset() const override { return chip_.LastReset(); }
 
     uint32_t ProgramSize() const override { return chip_.ProgramSize(); }
     uint32_t ProgramCounter() const override { return chip_.ProgramCounter(); }
@@ -37,17 +38,12 @@ public:
     std::optional<uint8_t> ReadRegister(uint32_t address) const override { return chip_.ReadRegister(address); }
     bool WriteRegister(uint32_t address, uint8_t value) override { return chip_.WriteRegister(address, value); }
 
-    bool WatchWrites(uint32_t address, bool on) override;
-    bool TakeWritten() override { return std::exchange(written_, false); }
+    bool WatchByte(uint32_t address, bool on) override { return chip_.WatchByte(address, on); }
+    bool TakeWritten() override { return chip_.TakeWritten(); }
+    void ForgetWritten() override { chip_.ForgetWritten(); }
 
 private:
-    uint32_t FirstOf(uint32_t address) const;
-
     CSimChip &chip_;
     const CRegisterInfo *registers_;
-    Core core_;
     std::unordered_map<std::string, uint32_t> firstByName_;  // in capitals: the lowest address of a register
-    std::vector<bool> watched_;                              // by FirstOf
-    size_t watchedCount_ = 0;
-    bool written_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <thread>
 
 #include "debugger/EngineApi.h"
@@ -11,6 +12,19 @@ namespace {
 // About a millisecond each: one by one an instruction takes several times as long as in a free run.
 constexpr int64_t kSliceOneByOne = 5'000;
 constexpr int64_t kSliceFree = 40'000;
+constexpr int64_t kResetPrice = 2'000;  // in instructions of a free run
+
+std::string WordsFor(const ChipReset &reset) {
+    char place[16];
+    std::snprintf(place, sizeof place, "0x%04X", static_cast<unsigned>(reset.address));
+    switch (reset.cause) {
+        case ResetCause::instruction: return std::string("The RESET instruction at ") + place + " has reset the chip.";
+        case ResetCause::watchdog: return std::string("The watchdog has reset the chip, at ") + place + ".";
+        case ResetCause::stack: return std::string("The stack has reset the chip, at ") + place + ".";
+        case ResetCause::other: break;
+    }
+    return std::string("The chip has been reset, at ") + place + ".";
+}
 
 }  // namespace
 
@@ -20,7 +34,7 @@ CRunControl::CRunControl(IChip &chip, const IProgramMap &map, CBreakpoints &brea
 bool CRunControl::Start(RunKind kind) {
     if (!plan_.Begin(kind)) return false;
     stopWished_ = false;
-    watchpoints_.TakeWritten();  // what the user wrote himself
+    watchpoints_.ForgetWritten();
     return true;
 }
 
@@ -59,7 +73,8 @@ void CRunControl::TellPins(CSessionEvents &events) {
 
 void CRunControl::WasReset() {
     plan_.Abandon();
-    asleep_ = toldSleep_ = stopWished_ = false;
+    asleep_ = toldSleep_ = toldReset_ = stopWished_ = false;
+    seenResets_ = chip_.Resets();
     resetAt_ = chip_.Cycles();
 }
 
@@ -74,7 +89,7 @@ CSession::SliceEnd CRunControl::Slice(CSessionEvents &events) {
             budget = 1;
         }
         if (NeedsEach()) {
-            end = OneInstruction(events);
+            end = OneInstruction(events, budget);
             budget -= kSliceFree / kSliceOneByOne;
         } else {
             end = Rush(events, budget);
@@ -85,20 +100,23 @@ CSession::SliceEnd CRunControl::Slice(CSessionEvents &events) {
     return {};
 }
 
-CRunControl::End CRunControl::OneInstruction(CSessionEvents &events) {
+CRunControl::End CRunControl::OneInstruction(CSessionEvents &events, int64_t &budget) {
     const uint32_t from = chip_.ProgramCounter();
     const uint64_t before = chip_.Cycles();
     const bool stepping = plan_.WantsEach(), slept = asleep_;
     if (stepping) plan_.Before();
     ChipState state = chip_.Step();
-    bool written = watchpoints_.Any() && watchpoints_.TakeWritten();
+    const bool written = watchpoints_.TakeWritten();
     if (profile_) profile_->Add(from, chip_.Cycles() - before);
     if (tell_) events.InstructionDone(static_cast<int>(from), static_cast<int64_t>(Cycles()));
     TellChanges(events);
     TellPins(events);
+    const bool wasReset = TakeReset(events, budget);
     if (End end = Judge(state, events)) return end;
-    if (asleep_) return std::nullopt;  // it comes to the next instruction when it wakes
-    if (StopsAt(chip_.ProgramCounter(), events) || written) return Ended(kDbgStopped);
+    // Asleep, it comes to the next instruction when it wakes.
+    if ((!asleep_ && StopsAt(chip_.ProgramCounter(), events)) || written) return Ended(kDbgStopped);
+    if (wasReset && plan_.IsStep()) return Ended(kDbgStopped);
+    if (asleep_) return std::nullopt;
     // A step that an event has just begun or ended doesn't judge an instruction that it hasn't seen.
     if (stepping != plan_.WantsEach()) return std::nullopt;
     if (stepping ? plan_.After(slept) : plan_.Passed(false)) return Ended(kDbgStopped);
@@ -109,11 +127,25 @@ CRunControl::End CRunControl::Rush(CSessionEvents &events, int64_t &budget) {
     const uint64_t before = chip_.Cycles();
     ChipState state = chip_.RunTo(breakpoints_.Stops(), static_cast<uint64_t>(budget));
     budget -= std::max<int64_t>(1, static_cast<int64_t>(chip_.Cycles() - before));
+    const bool written = watchpoints_.TakeWritten();
     TellPins(events);
+    const bool wasReset = TakeReset(events, budget);
     if (End end = Judge(state, events)) return end;
-    if (asleep_) return std::nullopt;
-    if (StopsAt(chip_.ProgramCounter(), events) || plan_.Passed(budget <= 0)) return Ended(kDbgStopped);
+    if ((!asleep_ && StopsAt(chip_.ProgramCounter(), events)) || written) return Ended(kDbgStopped);
+    if (wasReset && plan_.IsStep()) return Ended(kDbgStopped);
+    if (!asleep_ && plan_.Passed(budget <= 0)) return Ended(kDbgStopped);
     return std::nullopt;
+}
+
+// Whether the chip has just been reset by its program or its watchdog. A step ends there, since what it was to step over
+// doesn't come back; a run goes on, and a program that resets for ever isn't told each time.
+bool CRunControl::TakeReset(CSessionEvents &events, int64_t &budget) {
+    if (chip_.Resets() == seenResets_) return false;
+    seenResets_ = chip_.Resets();
+    budget -= kResetPrice;
+    if (!toldReset_) events.Tell(kDbgText, WordsFor(chip_.LastReset()) + " Further resets aren't told.");
+    toldReset_ = true;
+    return true;
 }
 
 // What the chip itself ends, or tells, by its state behind an instruction.

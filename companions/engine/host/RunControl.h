@@ -41,13 +41,14 @@ private:
     using End = std::optional<CSession::SliceEnd>;
 
     bool NeedsEach() const {
-        return tell_ || profile_ || asleep_ || watchpoints_.Any() || !told_.empty() || plan_.WantsEach();
+        return tell_ || profile_ || asleep_ || !told_.empty() || plan_.WantsEach();
     }
-    End OneInstruction(CSessionEvents &events);
+    End OneInstruction(CSessionEvents &events, int64_t &budget);
     End Rush(CSessionEvents &events, int64_t &budget);
     End Judge(ChipState state, CSessionEvents &events);
     void TellChanges(CSessionEvents &events);
     void TellPins(CSessionEvents &events);
+    bool TakeReset(CSessionEvents &events, int64_t &budget);
     bool StopsAt(uint32_t address, CSessionEvents &events);
     CSession::SliceEnd Ended(int reason);
 
@@ -59,6 +60,8 @@ private:
     CCycleProfile *profile_ = nullptr;
     Values told_;
     uint64_t resetAt_ = 0;  // the chip's cycles at that time
+    uint64_t seenResets_ = 0;  // of the chip's own
+    bool toldReset_ = false;   // the first of them
     bool tell_ = false;
     bool asleep_ = false;
     bool toldSleep_ = false;  // that nothing will wake it

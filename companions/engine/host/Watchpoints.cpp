@@ -4,37 +4,29 @@
 
 std::optional<int> CWatchpoints::Set(int id, const std::string &name, std::string &error) {
     std::vector<uint32_t> bytes = names_.Bytes(name);
+    if (bytes.empty() && (name == "$W" || name == "$w")) bytes = {CSimChip::kWorking};
     if (bytes.empty()) {
         error = names_.WhyNoBytes(name);
         return std::nullopt;
     }
     for (const auto &[there, entry] : entries_)
         if (entry.bytes == bytes) return there;
-    bool all = std::all_of(bytes.begin(), bytes.end(), [&](uint32_t byte) { return chip_.WatchWrites(byte, true); });
-    if (!all) {
-        Release(bytes);
-        error = "The chip can't watch \"" + name + "\".";
+    const auto refused =
+        std::find_if(bytes.begin(), bytes.end(), [&](uint32_t byte) { return !chip_.WatchByte(byte, true); });
+    if (refused != bytes.end()) {
+        for (auto byte = bytes.begin(); byte != refused; ++byte) chip_.WatchByte(*byte, false);
+        error = '"' + name + "\" can't be watched: it has no byte of its own.";
         return std::nullopt;
     }
     entries_.emplace(id, Entry{name, std::move(bytes)});
     return id;
 }
 
-void CWatchpoints::Release(const std::vector<uint32_t> &bytes) {
-    for (uint32_t byte : bytes) {
-        bool needed = std::any_of(entries_.begin(), entries_.end(), [&](const auto &other) {
-            return std::find(other.second.bytes.begin(), other.second.bytes.end(), byte) != other.second.bytes.end();
-        });
-        if (!needed) chip_.WatchWrites(byte, false);
-    }
-}
-
 bool CWatchpoints::Delete(int id) {
     auto found = entries_.find(id);
     if (found == entries_.end()) return false;
-    std::vector<uint32_t> bytes = std::move(found->second.bytes);
+    for (uint32_t byte : found->second.bytes) chip_.WatchByte(byte, false);
     entries_.erase(found);
-    Release(bytes);
     return true;
 }
 
