@@ -177,7 +177,6 @@ constexpr TextRow kTexts[] = {
     {IDS_CLOCK_CYCLES, "%s cycles"},
     {IDS_CLOCK_KILO, "%s K cycles"},
     {IDS_CLOCK_MEGA, "%s M cycles"},
-    {IDS_CLOCK_IDLE, "Not debugging"},
     {IDS_BREAKPOINT_NO_CODE, "!W: No code lies at %s, line %d, nor behind it: the breakpoint there is taken away."},
     {IDS_RUN_TO_CURSOR_NO_CODE, "!W: No code lies at the line of the caret, nor behind it."},
     {IDS_RUN_TO_CURSOR_MOVED, "The line of the caret has no code: the program runs to the next one that has."},

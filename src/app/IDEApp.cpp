@@ -253,12 +253,9 @@ int CIDEApp::WorkspaceKind() const { return workspace ? workspace->Kind() : kWor
 
 void CIDEApp::ReplayCommand(int twinId, const std::function<void()> &twin) {
     ReplayAfterStop({[this] { return session.IsOpen(); }, [this] { return session.IsRunning(); },
-                     [this] {
-                         debugger.Call(&EngineCalls::DbgPerformanceProfile, 0);
-                         session.Stop();
-                     },
+                     [this](DeferredCommand command) { session.StopFor(command); },
                      [this] { return frame_->AskUser(LoadText(IDS_STOP_DEBUGGING)) == IDYES; },
-                     [this] { session.End(); }, [this](DeferredCommand command) { session.Defer(command); }},
+                     [this] { session.End(); }},
                     twinId, twin);
 }
 

@@ -108,6 +108,7 @@ void CMainFrame::MapMessages() {
     OnMessage(kMsgTargetNote, [&app](intptr_t text, intptr_t) { app.AddOutputLine(LoadText(static_cast<int>(text))); });
     OnMessage(kMsgShowClock, [&app](intptr_t, intptr_t) { app.session.ShowClock(); });
     OnMessage(kMsgPluginsMoved, [&app](intptr_t, intptr_t) { app.session.FollowPlugins(); });
+    OnMessage(kMsgBuildBehindStop, [&app](intptr_t id, intptr_t) { app.build.BuildBehindStop(static_cast<int>(id)); });
     OnMessage(kMsgContinue, [&app](intptr_t, intptr_t) { app.debugCommands.Continue(); });
     OnMessage(kMsgPluginsFound, [this](intptr_t, intptr_t) { OnPluginsFound(); });
 }

@@ -32,6 +32,7 @@ enum FrameMessage : unsigned {
     kMsgShowClock = 0x464,
     kMsgPluginsMoved = 0x465,     // plug-in bars may have come or gone during a run
     kMsgContinue = 1126,
+    kMsgBuildBehindStop = 0x467,  // a build that was asked for during a run; its command
 };
 
 enum FrameTimer { kTimerStartup = 2001, kTimerRun = 2002, kTimerTracker = 2004 };

@@ -143,7 +143,6 @@ enum StringId : int {
     IDS_CLOCK_CYCLES = 866,               // %s; status bar
     IDS_CLOCK_KILO = 867,                 // %s times 1024
     IDS_CLOCK_MEGA = 868,                 // %s times 1024 x 1024
-    IDS_CLOCK_IDLE = 869,                 // without a run
     IDS_BREAKPOINT_NO_CODE = 870,         // %s file, %d line
     IDS_RUN_TO_CURSOR_NO_CODE = 871,
     IDS_RUN_TO_CURSOR_MOVED = 872,

@@ -1,6 +1,4 @@
 // The commands of building: who runs them and when they are on.
-#include <utility>
-
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -71,15 +69,18 @@ bool CBuildDriver::OnCmdMsg(int id, CCmdUI *ui) {
     return frame && frame->OutputBar().OnCmdMsg(id, ui);
 }
 
-// A build that has waited for the target to stop ends the run by itself; the user has asked for it already.
 void CBuildDriver::RunWithoutSession(int id, const std::function<void()> &build) {
-    CIDEApp &app = CIDEApp::Get();
-    const bool waited = std::exchange(waitingCommand_, 0) == id;
-    if (app.session.IsRunning())
-        waitingCommand_ = id;
-    else if (waited)
-        app.session.End();
-    app.ReplayCommand(id, build);
+    CDebugSession &session = CIDEApp::Get().session;
+    if (session.IsRunning())
+        session.StopFor({kMsgBuildBehindStop, id, 0});
+    else
+        CIDEApp::Get().ReplayCommand(id, build);
+}
+
+// The user has asked for the build already, so the run ends without a question.
+void CBuildDriver::BuildBehindStop(int id) {
+    CIDEApp::Get().session.End();
+    OnCmdMsg(id, nullptr);
 }
 
 bool CBuildDriver::CanBuild() const {

@@ -37,6 +37,8 @@ public:
     // Shows the form `resource` of the build tool bar, without the buttons that the active toolsuite has no use for.
     void LoadBuildToolBar(int resource);
 
+    void BuildBehindStop(int id);  // a build that has waited for the target of a debug run to stop
+
     bool IsIdle() const;  // no child runs and no step waits
 
 private:
@@ -52,7 +54,6 @@ private:
     void TellError(const std::string &text);
 
     std::array<int, kStandardSteps> standardSteps_;
-    int waitingCommand_ = 0;  // comes again when the target of a debug run has stopped
     std::vector<std::string> errors_;  // of the projects of one command that couldn't be queued
 };
 

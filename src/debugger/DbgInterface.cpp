@@ -65,7 +65,8 @@ bool CDbgInterface::Init(const std::string &image) {
     CIDEApp &app = CIDEApp::Get();
     variables_.Clear();
     const std::string target = app.workspace ? app.workspace->GetTarget() : std::string();
-    notices_ = std::make_unique<CDebugNotices>(app.session, app.GetMainFrame()->Port());
+    notices_ = std::make_unique<CDebugNotices>(app.session, app.GetMainFrame()->Port(),
+                                                CPath(app.GetActiveProjectPath()).GetDirectory());
     return Begin(target, image) && SetUpRun();
 }
 

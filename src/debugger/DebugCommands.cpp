@@ -70,7 +70,7 @@ void CDebugCommands::MapStartCommands() {
             ui.Enable(app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() && !app.GetActiveProjectPath().empty() &&
                       app.build.IsIdle());
         });
-    OnCommand(ID_DEBUG_END, [] { Session().End(); }, [](CCmdUI &ui) { ui.Enable(Session().IsOpen()); });
+    OnCommand(ID_DEBUG_END, [] { Session().End(); });
 }
 
 void CDebugCommands::MapRunCommands() {

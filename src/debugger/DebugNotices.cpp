@@ -19,7 +19,7 @@ void CDebugNotices::OnExecution(int reason, const char *file, int line, const ch
             return TellStop(reason, file, line);
         case kDbgPlace: {
             const std::lock_guard guard(stopping_);
-            stops_.push_back({reason, file ? file : "", line});
+            stops_.push_back({reason, FullName(file), line});
             frame_.Post(kMsgTargetStopped);
             session_.OnTargetStands();
             return;
@@ -31,6 +31,14 @@ void CDebugNotices::OnExecution(int reason, const char *file, int line, const ch
         case kDbgText:
             return TellText(text);
     }
+}
+
+// The process's current directory, which the main thread changes, plays no part.
+std::string CDebugNotices::FullName(const char *file) const {
+    if (!file || !*file) return {};
+    const SplitPath parts = _splitpath(file);
+    const bool rooted = !parts.drive.empty() || parts.directory.starts_with('\\') || parts.directory.starts_with('/');
+    return rooted ? file : directory_ + file;
 }
 
 // Plug-ins hear of the stop before the main thread does.
@@ -45,8 +53,7 @@ void CDebugNotices::TellStop(int reason, const char *file, int line) {
     else
         TellPluginsStep(reason == kDbgAfterStepBack);
 
-    // The engine's names are full ones, so that the process's directory, which the main thread changes, plays no part.
-    StopRecord record{reason, file ? file : "", line};
+    StopRecord record{reason, FullName(file), line};
     if (!record.file.empty() && !FileExists(record.file)) record.file.clear();
     const std::lock_guard guard(stopping_);
     stops_.push_back(std::move(record));

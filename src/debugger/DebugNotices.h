@@ -20,7 +20,9 @@ struct StopRecord {
 
 class CDebugNotices {
 public:
-    CDebugNotices(CDebugSession &session, CMessagePort frame) : session_(session), frame_(std::move(frame)) {}
+    // `directory`: of the project, with its trailing separator; relative names of the engine begin there.
+    CDebugNotices(CDebugSession &session, CMessagePort frame, std::string directory)
+        : session_(session), frame_(std::move(frame)), directory_(std::move(directory)) {}
 
     // The engine's thread.
     void OnExecution(int reason, const char *file, int line, const char *text);
@@ -35,11 +37,13 @@ public:
 
 private:
     void TellStop(int reason, const char *file, int line);
+    std::string FullName(const char *file) const;
     void TellText(const char *text);
     void PostNote(int text);
 
     CDebugSession &session_;
     const CMessagePort frame_;
+    const std::string directory_;
 
     mutable std::mutex stopping_;  // held from the notice until the target counts as standing
     std::deque<StopRecord> stops_;

@@ -61,6 +61,12 @@ void CDebugSession::Defer(const DeferredCommand &command) {
     deferred_ = command;
 }
 
+void CDebugSession::StopFor(const DeferredCommand &command) {
+    Debugger().Call(&EngineCalls::DbgPerformanceProfile, 0);
+    Defer(command);
+    Stop();
+}
+
 void CDebugSession::OnTargetStands() {
     const std::lock_guard guard(deferring_);
     running_ = false;
@@ -82,7 +88,7 @@ void CDebugSession::ToggleProfiling() {
 
 void CDebugSession::ToggleSnapshot() {
     snapshot_ = !snapshot_;
-    if (snapshot_ && running_) RefreshWhileRunning();
+    if (snapshot_ && open_) RefreshWhileRunning();
 }
 
 void CDebugSession::FollowPlugins() const {

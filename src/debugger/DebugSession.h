@@ -45,6 +45,7 @@ public:
     void EndAtOnce();  // also of a target that runs
 
     void Defer(const DeferredCommand &command);
+    void StopFor(const DeferredCommand &command);  // stops a running target and posts the command behind the stop
     void OnTargetStands();  // the engine's thread, behind the notice: the target counts as standing
 
     // Messages and the timer of the frame.

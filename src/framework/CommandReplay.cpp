@@ -6,8 +6,7 @@ void ReplayAfterStop(const SessionControl &session, int twinId, const std::funct
         return;
     }
     if (session.isRunning()) {
-        session.defer({kCommandMessage, twinId, 0});
-        session.stopTarget();
+        session.stopFor({kCommandMessage, twinId, 0});
         return;
     }
     if (!session.askToEnd()) return;

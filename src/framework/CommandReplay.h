@@ -16,10 +16,9 @@ struct DeferredCommand {
 struct SessionControl {
     std::function<bool()> isOpen;         // a debug session exists
     std::function<bool()> isRunning;      // its target runs
-    std::function<void()> stopTarget;     // asks the target to stop; it stops later
+    std::function<void(DeferredCommand)> stopFor;  // asks the target to stop; the command is posted when it has
     std::function<bool()> askToEnd;       // asks the user whether to end the session
     std::function<void()> endSession;     // ends a session whose target stands still
-    std::function<void(DeferredCommand)> defer;  // keeps a command until the target has stopped
 };
 
 // Runs `twin` now, later or never: at once without a session; deferred as command `twinId` while the target runs, which

@@ -216,7 +216,7 @@ TEST_F(RecordedProgram, CommandsWaitForTheStop) {
     EXPECT_FALSE(Session().IsOpen());
 
     runOn();
-    program->Command(ID_BUILD);
+    program->App().build.OnCmdMsg(ID_BUILD, nullptr);
     EXPECT_EQ(TakeCalls(), (Calls{"DbgPerformanceProfile 0", "DbgStop"}));
     EXPECT_TRUE(program->App().build.IsIdle());
     TellStop(kDbgStopped, 30);

@@ -116,9 +116,9 @@ TEST_F(DebugProgram, SurvivesStrangePrograms) {
         int text;  // in the build list; 0: the target just runs
         bool stands;
     } programs[] = {
-        {"sleeps for ever", "main\n\tclrf INTCON\n\tsleep\n\tgoto main\n", IDS_DEBUG_NOTE_SLEEP, true},
-        {"fills its stack", "main\n\tcall main\n\tgoto main\n", IDS_DEBUG_NOTE_STACK, false},
-        {"runs off its memory", "main\n\tnop\n\tnop\n", 0, false},
+        {"sleeps for ever", "main\n\tclrf INTCON\n\tsleep\n\tgoto main\n", IDS_DEBUG_NOTE_SLEEP, false},
+        {"fills its stack", "main\n\tcall main\n\tgoto main\n", IDS_DEBUG_NOTE_STACK, true},
+        {"runs off its memory", "main\n\tnop\n\tnop\n", 0, true},
     };
     for (const auto &[what, code, text, stands] : programs) {
         SCOPED_TRACE(what);

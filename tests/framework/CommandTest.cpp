@@ -142,23 +142,23 @@ TEST(CommandReplay, RunsAtOnceLaterOrNever) {
         std::vector<std::string> expected;
     } cases[] = {
         {false, false, false, {"twin"}},
-        {true, true, true, {"defer 273 77 0", "stop"}},
+        {true, true, true, {"stop for 273 77 0"}},
         {true, false, true, {"ask", "end", "twin"}},
         {true, false, false, {"ask"}},
     };
     for (const auto &each : cases) {
         std::vector<std::string> done;
         const auto note = [&done](std::string what) { done.push_back(std::move(what)); };
-        ReplayAfterStop({[&] { return each.open; }, [&] { return each.running; }, [&] { note("stop"); },
+        ReplayAfterStop({[&] { return each.open; }, [&] { return each.running; },
+                         [&](DeferredCommand command) {
+                             note("stop for " + std::to_string(command.message) + " " + std::to_string(command.id) + " " +
+                                  std::to_string(command.parameter));
+                         },
                          [&] {
                              note("ask");
                              return each.agrees;
                          },
-                         [&] { note("end"); },
-                         [&](DeferredCommand command) {
-                             note("defer " + std::to_string(command.message) + " " + std::to_string(command.id) + " " +
-                                  std::to_string(command.parameter));
-                         }},
+                         [&] { note("end"); }},
                         77, [&] { note("twin"); });
         EXPECT_EQ(done, each.expected);
     }
