@@ -4,6 +4,7 @@
 #include <QStackedWidget>
 
 #include "app/IDEApp.h"
+#include "app/MainFrame.h"
 #include "app/StringIds.h"
 #include "framework/Language.h"
 #include "framework/Text.h"
@@ -19,7 +20,8 @@ CDebugBar::CDebugBar(int id, int title, QWidget *parent)
     pages_->addWidget(quiet_ = quiet);
     setWidget(pages_);
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
-        if (visible && CIDEApp::Get().session.IsOpen()) Refresh();
+        CMainFrame *const frame = CIDEApp::Get().GetMainFrame();
+        if (visible && frame && frame->DebugBars().AreOnView()) Refresh();
     });
 }
 

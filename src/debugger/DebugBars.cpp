@@ -15,6 +15,7 @@ void Refresh(std::initializer_list<CDebugBar *> bars) {
 }  // namespace
 
 void DebugBars::BeginRun() {
+    onView_ = false;
     for (CDebugBar *bar : {registers, ram, eeprom, watch, stack, profile}) bar->BeginRun();
 }
 
@@ -22,9 +23,15 @@ void DebugBars::BlankValues() {
     for (CDebugBar *bar : All()) bar->BlankValues();
 }
 
-void DebugBars::RefreshShown() { Refresh({registers, stack, ram, eeprom, watch, profile}); }
+void DebugBars::RefreshShown() {
+    onView_ = true;
+    Refresh({registers, stack, ram, eeprom, watch, profile});
+}
 
-void DebugBars::RefreshShownValues() { Refresh({registers, stack, ram, eeprom, watch}); }
+void DebugBars::RefreshShownValues() {
+    onView_ = true;
+    Refresh({registers, stack, ram, eeprom, watch});
+}
 
 void DebugBars::RefreshBehindEdit(const CDebugBar &edited) {
     for (CDebugBar *bar : {registers, ram, watch})
@@ -32,6 +39,7 @@ void DebugBars::RefreshBehindEdit(const CDebugBar &edited) {
 }
 
 void DebugBars::EndRun() {
+    onView_ = false;
     for (CDebugBar *bar : All()) bar->EndRun();
 }
 

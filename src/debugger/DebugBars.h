@@ -20,6 +20,9 @@ struct DebugBars {
     void EndRun();              // what the project keeps of them is written; the last values stay on view
     void Clear();               // another project is active
 
+    // From the first stop of a run that is shown to its end: a bar that comes to the front reads the target.
+    bool AreOnView() const { return onView_; }
+
     bool OnCmdMsg(int id, CCmdUI *ui) const;  // the commands on rows and cells of a bar; see CCmdTarget
 
     void MarkWatchpoint(const std::string &name, bool on);
@@ -27,4 +30,6 @@ struct DebugBars {
 
 private:
     std::array<CDebugBar *, 6> All() const { return {registers, stack, ram, eeprom, watch, profile}; }
+
+    bool onView_ = false;
 };

@@ -34,7 +34,7 @@ void CRegisterItem::Refresh(bool sameStop) {
         return;
     }
     if (!keep) value_.prev = value_.cur;
-    value_.cur = *now;
+    value_.cur = held_ = *now;
     if (Value().empty()) value_.prev = value_.cur;  // the first value is no change
     SetLookOfAll(value_.prev == value_.cur ? PropLook::normal : PropLook::changed);
     SetValue(RegisterText(value_.cur, value_.format));
@@ -60,7 +60,7 @@ void CRegisterItem::ShowError() {
 }
 
 void CRegisterItem::ShowBits() {
-    for (CRegisterBitItem *bit : bits_) bit->Show(value_.cur);
+    for (CRegisterBitItem *bit : bits_) bit->Show(held_);
 }
 
 void CRegisterItem::SetLookOfAll(PropLook look) {
@@ -77,7 +77,7 @@ bool CRegisterItem::Write(int64_t value) {
         CIDEApp::Get().AddOutputLine(LoadText(IDS_REGISTER_NOT_SET, {Name()}));
         return false;
     }
-    value_.cur = Read().value_or(static_cast<uint16_t>(value));
+    held_ = Read().value_or(static_cast<uint16_t>(value));
     return true;
 }
 
@@ -86,6 +86,7 @@ void CRegisterItem::CommitEdit(const std::string &text) {
     const bool allBinary = text.find_first_not_of("01") == text.npos;
     if (!typed || (value_.format == kBinary && !allBinary)) TellNoNumber(value_.format);
     if (!typed || !Write(*typed)) return;
+    value_.cur = held_;
     SetValue(RegisterText(value_.cur, value_.format));
     SetLookOfAll(value_.prev == value_.cur ? PropLook::normal : PropLook::changed);
     ShowBits();
@@ -97,7 +98,7 @@ void CRegisterItem::CommitEdit(const std::string &text) {
 
 void CRegisterItem::CommitBit(int bit, bool on) {
     const int mask = 1 << bit;
-    if (Write(on ? value_.cur | mask : value_.cur & ~mask)) onWritten_();
+    if (Write(on ? held_ | mask : held_ & ~mask)) onWritten_();
     ShowBits();
 }
 

@@ -28,7 +28,7 @@ public:
 
     // The user has typed "1" or "0" over a bit. The value of the register itself shows at the next stop.
     void CommitBit(int bit, bool on);
-    void ShowBits();  // as the value has them
+    void ShowBits();
 
     void CommitEdit(const std::string &text) override;
     bool BeginEdit() override;
@@ -39,6 +39,7 @@ private:
     void SetLookOfAll(PropLook look);
 
     RegisterValue value_;
+    uint16_t held_ = 0;  // what the bits show: `cur`, or what bits were made to since
     std::string expression_;  // "$NAME"
     std::vector<CRegisterBitItem *> bits_;
     std::function<void()> onWritten_;

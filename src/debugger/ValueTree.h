@@ -1,17 +1,11 @@
-// The property tree of a debug bar: its columns, which keep their widths over runs of the program, and its pop-up.
+// The property tree of a debug bar: names and values, with a splitter that keeps its place over runs of the program.
 #pragma once
-
-#include <memory>
 
 #include "widgets/PropTree.h"
 
-class CCmdTarget;
-class QMenu;
-
-// `widthKey` names the tree's width among the user's settings.
 class CValueTree : public CPropTree {
 public:
-    CValueTree(const char *widthKey, QWidget *parent);
+    CValueTree(const char *widthKey, QWidget *parent);  // `widthKey`: the width of the names among the user's settings
 };
 
 // Whether a command on formats is for all rows and not only for the one last clicked.

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <algorithm>
 
@@ -19,8 +20,9 @@
 
 namespace {
 
-constexpr int kNameCharacters = 16;  // first width of the left column
-constexpr int kWidthDelay = 300;     // milliseconds without a move until the splitter counts as let go
+constexpr int kNameCharacters = 22;   // first width of the left column
+constexpr int kValueCharacters = 10;  // least width of the right one
+constexpr int kWidthDelay = 300;      // milliseconds without a move until the splitter counts as let go
 constexpr auto kName = CPropTreeModel::kName, kValue = CPropTreeModel::kValue;
 
 bool IsTreeKey(const QKeyEvent &event) {
@@ -43,18 +45,34 @@ CPropTree::CPropTree(QWidget *parent) : QTreeView(parent), rows_(new CPropTreeMo
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(true);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
-    header()->resizeSection(kName, fontMetrics().averageCharWidth() * kNameCharacters);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setIndentation(fontMetrics().height());
+    SetNameWidth(fontMetrics().averageCharWidth() * kNameCharacters);
 
     auto *const settle = new QTimer(this);
     settle->setSingleShot(true);
     settle->setInterval(kWidthDelay);
-    toldWidth_ = NameWidth();
-    connect(header(), &QHeaderView::sectionResized, settle, [settle](int section) {
-        if (section == kName) settle->start();
+    connect(header(), &QHeaderView::sectionResized, this, [this, settle](int section, int, int width) {
+        if (section != kName || fitting_) return;
+        nameWidth_ = width;
+        settle->start();
     });
     connect(settle, &QTimer::timeout, this, [this] {
-        if (std::exchange(toldWidth_, NameWidth()) != NameWidth() && onNameWidth) onNameWidth(NameWidth());
+        FitName();
+        if (onNameWidth) onNameWidth(nameWidth_);
     });
+}
+
+// Values stay in sight in a narrow tree, too; the left column gets its width back when there is room again.
+void CPropTree::FitName() {
+    const QScopedValueRollback fitting(fitting_, true);
+    const int most = viewport()->width() - fontMetrics().averageCharWidth() * kValueCharacters;
+    header()->resizeSection(kName, std::max(std::min(nameWidth_, most), header()->minimumSectionSize()));
+}
+
+void CPropTree::resizeEvent(QResizeEvent *event) {
+    FitName();
+    QTreeView::resizeEvent(event);
 }
 
 void CPropTree::SetTitles(const std::string &name, const std::string &value) {
@@ -62,8 +80,7 @@ void CPropTree::SetTitles(const std::string &name, const std::string &value) {
 }
 
 void CPropTree::SetMark(const QIcon &mark) {
-    const int size = fontMetrics().height() * 3 / 4;
-    setIconSize({size, size});
+    setIconSize({fontMetrics().height(), fontMetrics().height()});
     rows_->SetMark(mark);
 }
 
@@ -118,16 +135,19 @@ void CPropTree::Copy() const {
     if (const std::string text = SelectedText(); !text.empty()) QApplication::clipboard()->setText(ToQString(text));
 }
 
-int CPropTree::NameWidth() const { return header()->sectionSize(kName); }
-
 void CPropTree::SetNameWidth(int width) {
-    header()->resizeSection(kName, width);
-    toldWidth_ = NameWidth();
+    nameWidth_ = width;
+    FitName();
 }
 
-// Whatever column is current, it is the value that is edited; a click has to be on it.
+// Whatever column is current, it is the value that is edited; a click has to be on one that can be.
 bool CPropTree::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) {
-    if (trigger == SelectedClicked && index.column() != kValue) return false;
+    const bool byClick = trigger == SelectedClicked, begins = byClick || trigger == AllEditTriggers;
+    if (byClick && index.column() != kValue) return false;
+    if (begins) {
+        auto *const item = index.isValid() ? dynamic_cast<CPropTreeItemEdit *>(CPropTreeModel::ItemOf(index)) : nullptr;
+        if (!item || !item->BeginEdit()) return false;
+    }
     return QTreeView::edit(index.siblingAtColumn(kValue), trigger, event);
 }
 
@@ -155,9 +175,10 @@ void CPropTree::mousePressEvent(QMouseEvent *event) {
 void CPropTree::mouseDoubleClickEvent(QMouseEvent *event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !index.isValid()) return QTreeView::mouseDoubleClickEvent(event);
+    edit(index, DoubleClicked, event);  // which ends the wait of the first click for an edit, and begins none
     if (onActivate)
         onActivate(CPropTreeModel::ItemOf(index));
-    else if (index.column() != kValue || !edit(index, DoubleClicked, event))
+    else if (index.column() != kValue || !edit(index, AllEditTriggers, event))
         QTreeView::mouseDoubleClickEvent(event);
 }
 

@@ -39,8 +39,7 @@ public:
     std::string SelectedText() const;
     void Copy() const;  // the selected text, if any
 
-    int NameWidth() const;  // pixels of the left column
-    void SetNameWidth(int width);
+    void SetNameWidth(int width);  // of the left column, in pixels
 
     std::function<void(CPropTreeItem *)> onActivate;  // a double click; without it, edits the row or folds it
     std::function<void()> onInsert, onDelete;           // the keys of these names
@@ -53,6 +52,7 @@ protected:
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -60,6 +60,9 @@ protected:
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
+    void FitName();
+
     CPropTreeModel *rows_;
-    int toldWidth_ = 0;
+    int nameWidth_ = 0;     // as the user wants it
+    bool fitting_ = false;  // the left column gets the width that there is room for
 };
