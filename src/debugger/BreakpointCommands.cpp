@@ -1,5 +1,7 @@
 #include "debugger/BreakpointCommands.h"
 
+#include <string_view>
+
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -22,9 +24,6 @@ int HitCountOf(const CMarker &marker) {
     return app.debugger.Call(&EngineCalls::DbgGetBreakpointHitCount, marker.id, &count) == kDbgOk ? count : -1;
 }
 
-// Without the mark of its kind in front: what the build list makes a word of is told by a box's icon.
-std::string WithoutKind(const std::string &line) { return line.starts_with("!E: ") ? line.substr(4) : line; }
-
 bool GiveConditions(int id, const CBreakpointProps &props) {
     return CIDEApp::Get().debugger.SetBreakpointConditions(id, props.cond, props.ConditionType(), props.hitVal,
                                                            props.HitType());
@@ -35,7 +34,7 @@ std::string GiveEdited(const CMarker &marker, const CBreakpointProps &props) {
     CIDEApp &app = CIDEApp::Get();
     if (!app.session.IsOpen() || marker.id == 0) return {};
     if (!GiveConditions(marker.id, props)) {
-        return WithoutKind(RefusalOfConditions(marker));
+        return BoxText(RefusalOfConditions(marker));
     }
     if (props.hitCount == 0) app.debugger.Call(&EngineCalls::DbgResetBreakpointHitCount, marker.id);
     return {};
@@ -99,7 +98,10 @@ std::string TextOfPlace(int text, const CMarker &marker) {
     return LoadText(text, {DisplayPath(marker.File()), std::to_string(marker.line + 1)});
 }
 
-std::string TextOfRefusal(const CMarker &marker) { return WithoutKind(TextOfPlace(IDS_BREAKPOINT_NOT_DELETED, marker)); }
+std::string BoxText(const std::string &line) {
+    constexpr std::string_view kError = "!E: ";
+    return line.starts_with(kError) ? line.substr(kError.size()) : line;
+}
 
 std::string RefusalOfConditions(const CMarker &marker) {
     return LoadText(IDS_CONDITION_REFUSED, {DisplayPath(marker.File()), std::to_string(marker.line + 1),

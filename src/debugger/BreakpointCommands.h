@@ -35,7 +35,9 @@ bool RemoveBreakpoint(CMarker &marker);
 
 // One of the texts that name a file and a line; in the native form, counted from 1.
 std::string TextOfPlace(int text, const CMarker &marker);
-std::string TextOfRefusal(const CMarker &marker);  // for a box, behind a RemoveBreakpoint that the engine refused
+
+// A line of the build list as a box has it: without the mark of its kind in front, for which a box has its icon.
+std::string BoxText(const std::string &line);
 
 // Gives the engine condition and hit count of a marker that it has. False when it refuses them; what it had before stays.
 bool SetConditionsInEngine(const CMarker &marker);

@@ -17,6 +17,7 @@
 #include "framework/Language.h"
 #include "framework/MDIChildWnd.h"
 #include "framework/Text.h"
+#include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
 std::string BreakpointRowText(const CMarker &marker) {
@@ -119,7 +120,7 @@ CMarker *CBreakpointsDlg::Selected() {
 void CBreakpointsDlg::RemoveSelected() {
     CMarker *const marker = Selected();
     if (!marker) return;
-    const std::string refusal = TextOfRefusal(*marker);
+    const std::string refusal = BoxText(TextOfPlace(IDS_BREAKPOINT_NOT_DELETED, *marker));
     if (RemoveBreakpoint(*marker))
         Fill(list_->currentRow());
     else
@@ -131,7 +132,7 @@ void CBreakpointsDlg::RemoveAll() {
     for (CMarker &marker : CIDEApp::Get().breakpoints.Markers()) markers.push_back(&marker);
     std::string refusal;
     for (CMarker *marker : markers)
-        if (std::string words = TextOfRefusal(*marker); !RemoveBreakpoint(*marker)) refusal = std::move(words);
+        if (std::string words = BoxText(TextOfPlace(IDS_BREAKPOINT_NOT_DELETED, *marker)); !RemoveBreakpoint(*marker)) refusal = std::move(words);
     Fill(0);
     if (!refusal.empty()) CIDEApp::Get().GetMainFrame()->ShowError(refusal);
 }
@@ -146,7 +147,10 @@ void CBreakpointsDlg::GoToSelected() {
         document = dynamic_cast<CIDEDoc *>(CIDEApp::Get().FindOrOpenDocument(file, true));
         Fill(list_->currentRow());  // what the file holds now can have fewer lines
     }
-    if (!document) return;
+    if (!document) {
+        CIDEApp::Get().GetMainFrame()->ShowError(BoxText(LoadText(IDS_CANT_READ_FILE, {DisplayPath(file)})));
+        return;
+    }
     for (CIDEView *view : document->GetCodeViews()) {
         view->SelectWholeLine(line);
         view->ShowViewLine(line, false);

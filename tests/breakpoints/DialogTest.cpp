@@ -5,7 +5,6 @@
 #include <QTest>
 
 #include "breakpoints/BreakpointProgram.h"
-#include "breakpoints/Widgets.h"
 #include "framework/Text.h"
 
 TEST_F(Breakpoints, ActThroughTheirDialogs) {
@@ -49,13 +48,18 @@ TEST_F(Breakpoints, ActThroughTheirDialogs) {
         list->setCurrentRow(0);
         QTest::keyClick(list, Qt::Key_Delete);
         EXPECT_EQ(rows(window), "a.c:3 (hit,cond)|b.c:2|gone.c:4|");
-        List().Remove(scratch.Windows("gone.c").c_str(), 4);
         list->setCurrentRow(2);
+        ClickLater(window, "Go To");  // the file is gone
+    });
+    program.Answer(IDOK);
+    program.AnswerDialog([&](QWidget &window) {
+        List().Remove(scratch.Windows("gone.c").c_str(), 4);
         ClickLater(window, "Remove");  // there is none any more: that ends the dialog
     });
     program.Answer(IDOK);
     program.Command(ID_BREAKPOINTS);
-    const std::vector<std::string> boxes = {"This breakpoint isn't there any more."};
+    const std::vector<std::string> boxes = {"The file " + scratch.Native("gone.c") + " can't be read.",
+                                            "This breakpoint isn't there any more."};
     EXPECT_EQ(program.Boxes(), boxes);
     const CBreakpointProps &props = Props("a.c", 3);
     EXPECT_EQ(Listed("a.c"), "3(x > 1) ");

@@ -55,12 +55,6 @@ TEST_F(Breakpoints, ComeBackFromTheProjectsFile) {
     EXPECT_TRUE(props.useCond == 1 && props.condMode == 1 && props.useHit == 1 && props.hitVal == 70000 &&
                 props.hitMode == 2 && props.hitCount == 0);
     EXPECT_EQ(Props("a.c", 1).hitMode, 1);
-
-    List().Clear();  // the list is shorter, what is behind it doesn't count
-    List().Add(source, 9, 0);
-    ASSERT_TRUE(List().Save(project));
-    List().Load(project);
-    EXPECT_EQ(Listed("a.c"), "9 ");
 }
 
 TEST_F(Breakpoints, PassOverWhatAHandHasBroken) {

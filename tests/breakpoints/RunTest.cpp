@@ -2,7 +2,6 @@
 #include <QLineEdit>
 
 #include "breakpoints/BreakpointProgram.h"
-#include "breakpoints/Widgets.h"
 #include "debugger/BreakpointCommands.h"
 
 namespace {
