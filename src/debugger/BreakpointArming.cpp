@@ -11,9 +11,13 @@
 
 namespace {
 
-CBreakpointList &List() { return CIDEApp::Get().breakpoints; }
+CBreakpointList &List() {
+    return CIDEApp::Get().breakpoints;
+}
 
-void Tell(const std::string &line) { CIDEApp::Get().AddOutputLine(line); }
+void Tell(const std::string &line) {
+    CIDEApp::Get().AddOutputLine(line);
+}
 
 // What is done with each marker may end that one, but no other.
 template <typename Step>

@@ -6,9 +6,9 @@
 // Takes the breakpoints over from the views of all open sources, so that the list has the lines of the saved texts.
 void RebuildBreakpointsFromViews();
 
-// Puts all breakpoints into the engine. One on a line without code slides to the next line that has some, where it joins
-// one that is there already; one that no code follows or that the engine refuses leaves the list, with a line in the
-// build list. Gives the count of those that slid, which is the caller's to tell.
+// Puts all breakpoints into the engine. One on a line without code slides to the next line that has some, where it
+// joins one that is there already; one that no code follows or that the engine refuses leaves the list, with a line in
+// the build list. Gives the count of those that slid, which is the caller's to tell.
 int ArmBreakpoints();
 
 // Deletes all breakpoints in the engine; one that it keeps is told in the build list.

@@ -71,8 +71,7 @@ void DropBreakpoint(CMarker &marker) {
     const std::string file = marker.File();
     const int line = marker.line, number = breakpoints.Number() + marker.secondState;
     if (const CIDEDoc *document = FindDocumentOf(file))
-        for (const CIDEView *view : document->GetCodeViews())
-            CMarkerList::DeleteAllOfLine(view->Sci(), line, number);
+        for (const CIDEView *view : document->GetCodeViews()) CMarkerList::DeleteAllOfLine(view->Sci(), line, number);
     breakpoints.Remove(file.c_str(), line);
 }
 
@@ -104,11 +103,13 @@ std::string BoxText(const std::string &line) {
 }
 
 std::string RefusalOfConditions(const CMarker &marker) {
-    return LoadText(IDS_CONDITION_REFUSED, {DisplayPath(marker.File()), std::to_string(marker.line + 1),
-                                            CIDEApp::Get().debugger.ErrorText()});
+    return LoadText(IDS_CONDITION_REFUSED,
+                    {DisplayPath(marker.File()), std::to_string(marker.line + 1), CIDEApp::Get().debugger.ErrorText()});
 }
 
-bool SetConditionsInEngine(const CMarker &marker) { return GiveConditions(marker.id, *marker.props); }
+bool SetConditionsInEngine(const CMarker &marker) {
+    return GiveConditions(marker.id, *marker.props);
+}
 
 void EditBreakpointProperties(QWidget *parent, const CMarker &marker) {
     // Only the place is kept: a stop of the target while the dialog is open can end the marker.

@@ -5,7 +5,9 @@
 #include "framework/Document.h"
 #include "platform/PathCalls.h"
 
-void CBreakpointList::OnAddMarker(CMarker &marker) { marker.props = std::make_unique<CBreakpointProps>(); }
+void CBreakpointList::OnAddMarker(CMarker &marker) {
+    marker.props = std::make_unique<CBreakpointProps>();
+}
 
 void CBreakpointList::OnRemoveMarker(CMarker &marker) {
     marker.props.reset();

@@ -6,7 +6,7 @@
 // What a code view can be asked to do with the breakpoint of one line.
 enum BreakpointChange : int {
     kToggleBreakpoint = 0,
-    kPlaceBreakpoint = 1,   // shows what the list holds already
+    kPlaceBreakpoint = 1,  // shows what the list holds already
     kRemoveBreakpoint = 2,
 };
 

@@ -26,7 +26,9 @@ namespace {
 constexpr int kPlaceCharacters = 56;  // width of the dialog
 constexpr int kGap = 10;              // pixels between the groups
 
-int ChosenOf(int mode, int count) { return mode >= 0 && mode < count ? mode : count - 1; }
+int ChosenOf(int mode, int count) {
+    return mode >= 0 && mode < count ? mode : count - 1;
+}
 
 }  // namespace
 

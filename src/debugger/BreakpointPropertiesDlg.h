@@ -17,8 +17,8 @@ class QVBoxLayout;
 
 class CBreakpointPropertiesDlg : public QDialog {
 public:
-    // Takes the edited properties over; the answer is empty, or the words for why they can't be. `hitCount` is 0 behind a
-    // reset.
+    // Takes the edited properties over; the answer is empty, or the words for why they can't be. `hitCount` is 0 behind
+    // a reset.
     using Apply = std::function<std::string(const CBreakpointProps &)>;
 
     // `place`: words for file and line.

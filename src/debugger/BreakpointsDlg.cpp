@@ -132,7 +132,8 @@ void CBreakpointsDlg::RemoveAll() {
     for (CMarker &marker : CIDEApp::Get().breakpoints.Markers()) markers.push_back(&marker);
     std::string refusal;
     for (CMarker *marker : markers)
-        if (std::string words = BoxText(TextOfPlace(IDS_BREAKPOINT_NOT_DELETED, *marker)); !RemoveBreakpoint(*marker)) refusal = std::move(words);
+        if (std::string words = BoxText(TextOfPlace(IDS_BREAKPOINT_NOT_DELETED, *marker)); !RemoveBreakpoint(*marker))
+            refusal = std::move(words);
     Fill(0);
     if (!refusal.empty()) CIDEApp::Get().GetMainFrame()->ShowError(refusal);
 }

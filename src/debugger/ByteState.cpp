@@ -19,10 +19,16 @@ constexpr Row kRows[] = {
     {{.lightGround = 0x0000FF, .darkGround = 0x1414A8, .bold = true, .struck = true}, IDS_MEMORY_NOT_WRITTEN},
 };
 
-const Row &RowOf(ByteState state) { return kRows[static_cast<size_t>(state)]; }
+const Row &RowOf(ByteState state) {
+    return kRows[static_cast<size_t>(state)];
+}
 
 }  // namespace
 
-const GridLook *LookOf(ByteState state) { return state == ByteState::same ? nullptr : &RowOf(state).look; }
+const GridLook *LookOf(ByteState state) {
+    return state == ByteState::same ? nullptr : &RowOf(state).look;
+}
 
-int WordsFor(ByteState state) { return RowOf(state).words; }
+int WordsFor(ByteState state) {
+    return RowOf(state).words;
+}

@@ -4,9 +4,9 @@
 #include "widgets/GridCell.h"
 
 enum class ByteState {
-    absent,      // the chip has nothing at this address
-    same,        // as at the last stop
-    changed,     // since then
+    absent,   // the chip has nothing at this address
+    same,     // as at the last stop
+    changed,  // since then
     unreadable,
     written,     // by the user
     notWritten,  // the user wanted to; the engine refused

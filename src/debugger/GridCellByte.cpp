@@ -11,6 +11,10 @@ bool CGridCellByte::Show(uint8_t value, ByteState state) {
     return changed;
 }
 
-std::string CGridCellByte::Tip() const { return IsAbsent() ? std::string() : bar_.TipFor(*this); }
+std::string CGridCellByte::Tip() const {
+    return IsAbsent() ? std::string() : bar_.TipFor(*this);
+}
 
-void CGridCellByte::Enter(uint8_t value) const { bar_.WriteByte(address_, value); }
+void CGridCellByte::Enter(uint8_t value) const {
+    bar_.WriteByte(address_, value);
+}

@@ -7,7 +7,9 @@ namespace {
 
 constexpr char32_t kSoftHyphen = 0xAD;  // has no width
 
-bool IsPrintable(char32_t c) { return (c >= 0x20 && c < 0x7F) || (c > 0xA0 && c <= 0xFF && c != kSoftHyphen); }
+bool IsPrintable(char32_t c) {
+    return (c >= 0x20 && c < 0x7F) || (c > 0xA0 && c <= 0xFF && c != kSoftHyphen);
+}
 
 }  // namespace
 

@@ -9,5 +9,6 @@ public:
     using CGridCellByte::CGridCellByte;
 
     std::string Text() const override;
-    bool OnTyped(CGridCtrl &grid, GridPlace place, char32_t typed) override;  // then the next byte's cell is the current one
+    bool OnTyped(CGridCtrl &grid, GridPlace place,
+                 char32_t typed) override;  // then the next byte's cell is the current one
 };

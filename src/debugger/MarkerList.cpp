@@ -70,7 +70,8 @@ CMarker *CMarkerList::Find(const std::string &file, int line) {
         const auto at = found->second.find(line);
         return at == found->second.end() ? nullptr : &*at->second;
     }
-    const auto first = std::ranges::find_if(markers_, [&](const CMarker &each) { return LowerCase(each.File()) == name; });
+    const auto first =
+        std::ranges::find_if(markers_, [&](const CMarker &each) { return LowerCase(each.File()) == name; });
     return first == markers_.end() ? nullptr : &*first;
 }
 

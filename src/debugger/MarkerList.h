@@ -36,9 +36,9 @@ public:
     // Null, with no change, when that line of that file is in the list.
     CMarker *Add(const std::string &file, int line, uint8_t secondState, int id = 0);
 
-    // Removes the marker of a line, all of a file (line -1), or with a null file the first of the list, whatever its file.
-    // What the markers leave behind goes into `normal` or `second` by their state, where such a list is given; not with
-    // a null file. True when at least one went.
+    // Removes the marker of a line, all of a file (line -1), or with a null file the first of the list, whatever its
+    // file. What the markers leave behind goes into `normal` or `second` by their state, where such a list is given;
+    // not with a null file. True when at least one went.
     bool Remove(const char *file, int line = -1, TempMarkers *normal = nullptr, TempMarkers *second = nullptr);
     void Clear();
 
@@ -50,7 +50,8 @@ public:
     // Adds the markers that a view of `file`, of which the list has none, shows now; each takes over the head of the
     // list of its state. Several of one line become one.
     void RefreshFromView(const CSciWindow &view, const std::string &file, TempMarkers *normal, TempMarkers *second);
-    void PlaceInView(const std::string &file, const CSciWindow &view);  // adds the component's marker of each of the file
+    void PlaceInView(const std::string &file,
+                     const CSciWindow &view);  // adds the component's marker of each of the file
 
     // Takes all of the component's markers of one number off a line.
     static void DeleteAllOfLine(const CSciWindow &view, intptr_t line, int number);

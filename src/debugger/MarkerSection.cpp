@@ -12,11 +12,14 @@ namespace {
 constexpr const char *kCount = "Count";
 constexpr uintmax_t kShortestEntry = 4;  // bytes of "F0=a"
 
-std::string KeyOf(const char *key, int index) { return key + std::to_string(index); }
+std::string KeyOf(const char *key, int index) {
+    return key + std::to_string(index);
+}
 
 // A reader takes blanks and one pair of quotes off a value: a value of which they are a part gets a pair of its own.
 std::string Guarded(const std::string &value) {
-    const bool quoted = value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    const bool quoted =
+        value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     const bool padded = !value.empty() && (value.front() == ' ' || value.back() == ' ');
     return quoted || padded ? '"' + value + '"' : value;
 }
@@ -39,7 +42,9 @@ std::string CMarkerSection::ReadText(const char *key, int index, unsigned longes
     return ReadProfileString(name_, KeyOf(key, index), "", file_, longest + 1);
 }
 
-void CMarkerSection::SetCount(int count) { values_.emplace_back(kCount, std::to_string(count)); }
+void CMarkerSection::SetCount(int count) {
+    values_.emplace_back(kCount, std::to_string(count));
+}
 
 void CMarkerSection::SetInt(const char *key, int index, int value) {
     values_.emplace_back(KeyOf(key, index), std::to_string(value));
@@ -53,4 +58,6 @@ void CMarkerSection::SetNumber(std::string key, int value) {
     values_.emplace_back(std::move(key), std::to_string(value));
 }
 
-bool CMarkerSection::Write() const { return WritePrivateProfileKeys(name_.c_str(), values_, file_.c_str()); }
+bool CMarkerSection::Write() const {
+    return WritePrivateProfileKeys(name_.c_str(), values_, file_.c_str());
+}

@@ -1,5 +1,5 @@
-// One section of a project's file in which a list is stored, as of markers: each value under a name with the entry's index
-// behind.
+// One section of a project's file in which a list is stored, as of markers: each value under a name with the entry's
+// index behind.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
 #include "debugger/MemoryBar.h"
 
+#include <QScrollBar>
 #include <cstdio>
 
 #include "app/CommandIds.h"
@@ -21,9 +22,13 @@ std::string AddressText(int address) {
     return text;
 }
 
-std::string NameOf(int address) { return "$" + std::to_string(address); }
+std::string NameOf(int address) {
+    return "$" + std::to_string(address);
+}
 
-CWatchpointManager &Watchpoints() { return CIDEApp::Get().watchpoints; }
+CWatchpointManager &Watchpoints() {
+    return CIDEApp::Get().watchpoints;
+}
 
 }  // namespace
 
@@ -46,9 +51,13 @@ CMemoryBar::CMemoryBar(int id, int title, QWidget *parent) : CDebugBar(id, title
 
 // --- The grid ---
 
-CGridCellByte &CMemoryBar::ByteAt(GridPlace place) const { return static_cast<CGridCellByte &>(grid_->Cell(place)); }
+CGridCellByte &CMemoryBar::ByteAt(GridPlace place) const {
+    return static_cast<CGridCellByte &>(grid_->Cell(place));
+}
 
-int CMemoryBar::AddressCount() const { return grid_->RowCount() * kBytesInRow; }
+int CMemoryBar::AddressCount() const {
+    return grid_->RowCount() * kBytesInRow;
+}
 
 GridPlace CMemoryBar::NextCell(const CGridCtrl &grid, GridPlace place) {
     const int first = place.column < kFirstChar ? kFirstHex : kFirstChar;
@@ -58,6 +67,10 @@ GridPlace CMemoryBar::NextCell(const CGridCtrl &grid, GridPlace place) {
 }
 
 void CMemoryBar::Empty() {
+    if (grid_->RowCount() > 0) {
+        lastPlace_ = grid_->Current();
+        lastTop_ = grid_->verticalScrollBar()->value();
+    }
     shadow_.clear();
     pointerAddress_ = kNoAddress;
     grid_->SetSize(0, 0);
@@ -81,12 +94,15 @@ void CMemoryBar::Rebuild(int size) {
     for (int row = 0; row < grid_->RowCount(); ++row) FillRow(row, map);
     grid_->AutoSize();
     Tighten();
+    grid_->SetCurrent(lastPlace_);
+    grid_->verticalScrollBar()->setValue(lastTop_);
 }
 
 void CMemoryBar::FillRow(int row, const std::vector<uint8_t> &map) {
     const int first = row * kBytesInRow;
     grid_->SetCell({row, 0}, std::make_unique<CGridCell>(AddressText(first), true));
-    for (const int gap : {kFirstHex, kFirstChar}) grid_->SetCell({row, gap - 1}, std::make_unique<CGridCell>("  ", true));
+    for (const int gap : {kFirstHex, kFirstChar})
+        grid_->SetCell({row, gap - 1}, std::make_unique<CGridCell>("  ", true));
     for (int address = first; address < first + kBytesInRow; ++address) {
         grid_->SetCell(HexPlace(address), std::make_unique<CGridCellHex>(*this, address));
         grid_->SetCell(CharPlace(address), std::make_unique<CGridCellChar>(*this, address));
@@ -107,6 +123,10 @@ bool CMemoryBar::Show(int address, uint8_t value, ByteState state) {
 }
 
 void CMemoryBar::RefreshCells(bool force) {
+    const CDebugSession &session = CIDEApp::Get().session;
+    // Read again where the target stands still: what this stop has changed goes on standing out.
+    const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
+    shownStop_ = session.StopCount();
     for (int row = 0; row < grid_->RowCount(); ++row) {
         bool redraw = false;
         for (int address = row * kBytesInRow; address < (row + 1) * kBytesInRow; ++address) {
@@ -114,8 +134,11 @@ void CMemoryBar::RefreshCells(bool force) {
             int value = 0;
             const bool good = ReadCell(base_ + address, value);
             const uint8_t byte = good ? static_cast<uint8_t>(value) : shadow;
+            const ByteState was = HexAt(address).State();
+            const bool stays = sameStop && (was == ByteState::changed || was == ByteState::written);
             const ByteState state = !good                     ? ByteState::unreadable
                                     : force || byte != shadow ? ByteState::changed
+                                    : stays                   ? was
                                                               : ByteState::same;
             shadow = byte;
             redraw |= Show(address, byte, state);

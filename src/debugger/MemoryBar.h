@@ -70,4 +70,7 @@ private:
     std::vector<uint8_t> shadow_;  // the values last shown, one for each address
     int pointerAddress_ = kNoAddress;
     int contextAddress_ = 0;  // of the menu
+    GridPlace lastPlace_;     // where the user was in the last run
+    int lastTop_ = 0;
+    unsigned shownStop_ = 0;  // the stop of the target that the cells show
 };

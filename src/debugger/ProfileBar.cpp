@@ -42,7 +42,8 @@ void CProfileBar::Refresh() {
     list_->SetEmptyText(profiling ? "" : LoadText(IDS_PROFILE_OFF));
     if (!profiling) return;
     std::vector<ProfileEntry> entries;
-    const bool good = app.debugger.GetProfileList(
-        [&](const std::string &name, uint32_t count) { entries.push_back({name, count}); });
+    const bool good = app.debugger.GetProfileList([&](const std::string &name, uint32_t count) {
+        entries.push_back({name, count});
+    });
     list_->Change([&](CProfileRows &rows) { good ? rows.Update(entries) : rows.ShowError(); });
 }

@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int kMargin = 2;        // pixels above and below a row's text
-constexpr int kNameShare = 8;     // width of the names, in heights of a row
+constexpr int kMargin = 2;     // pixels above and below a row's text
+constexpr int kNameShare = 8;  // width of the names, in heights of a row
 constexpr int kBarInset = 2;
 
 struct Colours {
@@ -48,10 +48,13 @@ void CProfileDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     painter->fillRect(area, palette.base());
     const int barLeft = name.right() + 1 + kBarInset;
     const int room = figures.left() - barLeft;
-    DrawBar(*painter, QRect(barLeft, area.top() + kBarInset, row.BarWidth(room), area.height() - 2 * kBarInset), colours);
-    for (const QRect &side : {name, figures}) painter->fillRect(side, selected ? palette.highlight() : QBrush(colours.side));
+    DrawBar(*painter, QRect(barLeft, area.top() + kBarInset, row.BarWidth(room), area.height() - 2 * kBarInset),
+            colours);
+    for (const QRect &side : {name, figures})
+        painter->fillRect(side, selected ? palette.highlight() : QBrush(colours.side));
     painter->setPen(selected ? palette.highlightedText().color() : palette.text().color());
-    const QString text = option.fontMetrics.elidedText(" " + ToQString(row.name), Qt::ElideMiddle, name.width() - kMargin);
+    const QString text =
+        option.fontMetrics.elidedText(" " + ToQString(row.name), Qt::ElideMiddle, name.width() - kMargin);
     painter->drawText(name, Qt::AlignLeft | Qt::AlignVCenter, text);
     painter->drawText(figures, Qt::AlignLeft | Qt::AlignVCenter, ToQString(row.Figures()));
     painter->restore();

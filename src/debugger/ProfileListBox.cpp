@@ -34,7 +34,9 @@ CProfileListBox::CProfileListBox(QWidget *parent) : QListView(parent), model_(ne
     setFrameShape(QFrame::NoFrame);
 }
 
-const CProfileRows &CProfileListBox::Rows() const { return model_->rows; }
+const CProfileRows &CProfileListBox::Rows() const {
+    return model_->rows;
+}
 
 void CProfileListBox::SetEmptyText(const std::string &text) {
     emptyText_ = ToQString(text);

@@ -16,7 +16,9 @@ std::string Shortened(uint64_t count) {
 
 }  // namespace
 
-std::string ProfileRow::Figures() const { return " " + std::to_string(Percent()) + "% (" + Shortened(count) + ")"; }
+std::string ProfileRow::Figures() const {
+    return " " + std::to_string(Percent()) + "% (" + Shortened(count) + ")";
+}
 
 int ProfileRow::BarWidth(int room) const {
     if (!total || room <= kLeastBar) return kLeastBar;

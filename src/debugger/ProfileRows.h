@@ -11,8 +11,8 @@ struct ProfileRow {
     uint64_t count = 0;  // instruction cycles
 
     uint64_t Percent() const { return total ? count * 100 / total : 0; }
-    std::string Figures() const;          // " 12% (345k)"
-    int BarWidth(int room) const;         // pixels, of `room` for all of the total
+    std::string Figures() const;   // " 12% (345k)"
+    int BarWidth(int room) const;  // pixels, of `room` for all of the total
 };
 
 struct ProfileEntry {

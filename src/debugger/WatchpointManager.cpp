@@ -16,14 +16,24 @@ namespace {
 
 constexpr const char *kSection = "Watchpoint";
 constexpr const char *kNameKey = "Expr";
-constexpr unsigned kLongestName = 2046;   // bytes read from a project
+constexpr unsigned kLongestName = 2046;  // bytes read from a project
 constexpr size_t kRegisterNameSize = 256;
 
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
-DebugBars &Bars() { return CIDEApp::Get().GetMainFrame()->DebugBars(); }
-bool IsDebugging() { return CIDEApp::Get().session.IsOpen(); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool HasAddressForm(const std::string &name) { return name.size() > 1 && name[0] == '$' && IsDigit(name[1]); }
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
+DebugBars &Bars() {
+    return CIDEApp::Get().GetMainFrame()->DebugBars();
+}
+bool IsDebugging() {
+    return CIDEApp::Get().session.IsOpen();
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+bool HasAddressForm(const std::string &name) {
+    return name.size() > 1 && name[0] == '$' && IsDigit(name[1]);
+}
 
 // The decimal number behind "$"; -1 when it is no address.
 int AddressIn(const std::string &name) {
@@ -79,8 +89,7 @@ bool CWatchpointManager::Remove(const std::string &name, bool exactOnly) {
         const std::string other = exactOnly ? "" : OtherName(name);
         return !other.empty() && Remove(other, true);
     }
-    if (IsDebugging() && !IsShared(*found) &&
-        Debugger().Call(&EngineCalls::DbgDeleteWatchpoint, found->id) != kDbgOk)
+    if (IsDebugging() && !IsShared(*found) && Debugger().Call(&EngineCalls::DbgDeleteWatchpoint, found->id) != kDbgOk)
         return false;
     list_.erase(found);
     return true;
@@ -113,7 +122,9 @@ void CWatchpointManager::RemoveAll() {
     Bars().ClearWatchpointMarks();
 }
 
-void CWatchpointManager::Mark(const std::string &name, bool on) const { Bars().MarkWatchpoint(name, on); }
+void CWatchpointManager::Mark(const std::string &name, bool on) const {
+    Bars().MarkWatchpoint(name, on);
+}
 
 // --- The project ---
 

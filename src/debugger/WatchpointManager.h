@@ -30,8 +30,8 @@ public:
     void RemoveAll();
 
     // A run of the active project begins and ends; both within it.
-    void Load();         // sets what the project names, with the marks; what the engine refuses is passed over
-    void Store();        // writes the list to the project, then empties it
+    void Load();   // sets what the project names, with the marks; what the engine refuses is passed over
+    void Store();  // writes the list to the project, then empties it
 
 private:
     std::vector<CWatchpoint>::iterator At(const std::string &name);

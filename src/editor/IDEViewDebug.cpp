@@ -88,7 +88,8 @@ void CIDEView::MapBreakpointCommands() {
         ID_BREAKPOINT_TOGGLE, [this] { ToggleBreakpoint(); },
         [this](CCmdUI &ui) { ui.Enable(!GetDocument()->GetPathName().empty()); });
     OnCommand(
-        ID_BREAKPOINT_AT_POINTER, [this] { OnDebugToggleBreakpoint(std::exchange(contextLine, -1), kToggleBreakpoint); },
+        ID_BREAKPOINT_AT_POINTER,
+        [this] { OnDebugToggleBreakpoint(std::exchange(contextLine, -1), kToggleBreakpoint); },
         [this](CCmdUI &ui) { ui.Enable(contextLine >= 0); });
     OnCommand(
         ID_BREAKPOINT_PROPERTIES, [this] { BreakpointProperties(); },
@@ -107,9 +108,8 @@ void CIDEView::OnDebugToggleBreakpoint(intptr_t line, int change) {
         change = IsBreakpointMarked(*this, line) ? kRemoveBreakpoint : kPlaceBreakpoint;
         if (change == kPlaceBreakpoint && !AddBreakpoint(file, static_cast<int>(line))) return;
     }
-    CMarker *const marker = change == kPlaceBreakpoint
-                                ? CIDEApp::Get().breakpoints.Find(file, static_cast<int>(line))
-                                : FindBreakpoint(*this, line);
+    CMarker *const marker = change == kPlaceBreakpoint ? CIDEApp::Get().breakpoints.Find(file, static_cast<int>(line))
+                                                       : FindBreakpoint(*this, line);
     if (!marker)
         TellInternalError(change == kPlaceBreakpoint ? 2 : 1);
     else if (change == kPlaceBreakpoint)
@@ -140,8 +140,7 @@ void CIDEView::RunToCursor() {
 
 void CIDEView::MapWatchCommands() {
     OnCommand(
-        ID_WATCH_AT_CARET, [this] { WatchAtCaret(); },
-        [](CCmdUI &ui) { ui.Enable(CIDEApp::Get().session.IsOpen()); });
+        ID_WATCH_AT_CARET, [this] { WatchAtCaret(); }, [](CCmdUI &ui) { ui.Enable(CIDEApp::Get().session.IsOpen()); });
     OnCommand(
         ID_WATCH_AT_POINTER,
         [this] {

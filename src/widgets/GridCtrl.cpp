@@ -14,8 +14,8 @@
 namespace {
 
 constexpr const char *kFont = "Courier New";
-constexpr int kRowGap = 2;       // pixels between the letters of two rows
-constexpr int kBlanksBeside = 2; // of a column's longest text, on either side
+constexpr int kRowGap = 2;        // pixels between the letters of two rows
+constexpr int kBlanksBeside = 2;  // of a column's longest text, on either side
 constexpr int kIdealRows = 8;
 
 }  // namespace
@@ -66,7 +66,9 @@ bool CGridCtrl::Contains(GridPlace place) const {
     return place.IsValid() && place.row < rows_ && place.column < columns_;
 }
 
-void CGridCtrl::RedrawCell(GridPlace place) { viewport()->update(CellRect(place)); }
+void CGridCtrl::RedrawCell(GridPlace place) {
+    viewport()->update(CellRect(place));
+}
 
 void CGridCtrl::RedrawRow(int row) {
     const int y = (row - verticalScrollBar()->value()) * rowHeight_;
@@ -95,8 +97,7 @@ void CGridCtrl::AutoSize() {
         length = std::max(length, CharacterCount(cells_[i]->Text()));
     }
     for (size_t column = 0; column < longest.size(); ++column)
-        lefts_[column + 1] =
-            lefts_[column] + (static_cast<int>(longest[column]) + 2 * kBlanksBeside) * charWidth_;
+        lefts_[column + 1] = lefts_[column] + (static_cast<int>(longest[column]) + 2 * kBlanksBeside) * charWidth_;
     SetRanges();
     viewport()->update();
 }
@@ -113,7 +114,9 @@ void CGridCtrl::SetColumnWidth(int column, int width) {
     viewport()->update();
 }
 
-int CGridCtrl::RowsInView() const { return std::max(1, viewport()->height() / rowHeight_); }
+int CGridCtrl::RowsInView() const {
+    return std::max(1, viewport()->height() / rowHeight_);
+}
 
 void CGridCtrl::SetRanges() {
     verticalScrollBar()->setRange(0, std::max(0, rows_ - RowsInView()));
@@ -148,7 +151,9 @@ void CGridCtrl::Reveal(GridPlace place) {
     if (right > across.value() + viewport()->width()) across.setValue(right - viewport()->width());
 }
 
-QSize CGridCtrl::sizeHint() const { return {lefts_.back() + verticalScrollBar()->sizeHint().width(), kIdealRows * rowHeight_}; }
+QSize CGridCtrl::sizeHint() const {
+    return {lefts_.back() + verticalScrollBar()->sizeHint().width(), kIdealRows * rowHeight_};
+}
 
 void CGridCtrl::resizeEvent(QResizeEvent *event) {
     QAbstractScrollArea::resizeEvent(event);

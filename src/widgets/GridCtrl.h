@@ -11,8 +11,8 @@
 #include "widgets/GridCell.h"
 
 // One cell is the current one; the selection is the rectangle between it and the anchor. Typing goes to the current
-// cell. Arrows, Home, End and the page keys move it, over fixed cells, with Ctrl to the ends; with Shift they extend the
-// selection, as the mouse does. A click on a fixed cell at a row's beginning selects the row. Main thread.
+// cell. Arrows, Home, End and the page keys move it, over fixed cells, with Ctrl to the ends; with Shift they extend
+// the selection, as the mouse does. A click on a fixed cell at a row's beginning selects the row. Main thread.
 class CGridCtrl : public QAbstractScrollArea {
 public:
     explicit CGridCtrl(QWidget *parent = nullptr);
@@ -41,7 +41,7 @@ public:
     int EditPosition() const { return editPosition_; }
     void SetEditPosition(int position);  // back at 0 when another cell becomes the current one
 
-    std::string SelectedText() const;  // tabs between cells, a line end behind each row; gaps are left out
+    std::string SelectedText() const;       // tabs between cells, a line end behind each row; gaps are left out
     QRect CellRect(GridPlace place) const;  // in the viewport
     GridPlace CellAt(const QPoint &at) const;
 

@@ -12,7 +12,9 @@
 
 // --- Selection ---
 
-void CGridCtrl::SetCurrent(GridPlace place) { Select(place, place); }
+void CGridCtrl::SetCurrent(GridPlace place) {
+    Select(place, place);
+}
 
 void CGridCtrl::Select(GridPlace current, GridPlace anchor) {
     if (!Contains(current) || !Contains(anchor)) return;
@@ -29,7 +31,9 @@ void CGridCtrl::Select(GridPlace current, GridPlace anchor) {
     Reveal(current);
 }
 
-void CGridCtrl::SelectRow(int row) { Select({row, columns_ - 1}, {row, 0}); }
+void CGridCtrl::SelectRow(int row) {
+    Select({row, columns_ - 1}, {row, 0});
+}
 
 QRect CGridCtrl::Selection() const {
     return QRect(QPoint(std::min(current_.column, anchor_.column), std::min(current_.row, anchor_.row)),
@@ -110,15 +114,32 @@ bool CGridCtrl::MoveByKey(const QKeyEvent &event) {
     if (!current_.IsValid()) return false;
     GridPlace to;
     switch (event.key()) {
-        case Qt::Key_Up: to = Step(ends ? -rows_ : -1, 0); break;
-        case Qt::Key_Down: to = Step(ends ? rows_ : 1, 0); break;
-        case Qt::Key_Left: to = Step(0, -1); break;
-        case Qt::Key_Right: to = Step(0, 1); break;
-        case Qt::Key_PageUp: to = Step(-RowsInView(), 0); break;
-        case Qt::Key_PageDown: to = Step(RowsInView(), 0); break;
-        case Qt::Key_Home: to = EndOfRow(ends ? 0 : current_.row, 0, 1); break;
-        case Qt::Key_End: to = EndOfRow(ends ? rows_ - 1 : current_.row, columns_ - 1, -1); break;
-        default: return false;
+        case Qt::Key_Up:
+            to = Step(ends ? -rows_ : -1, 0);
+            break;
+        case Qt::Key_Down:
+            to = Step(ends ? rows_ : 1, 0);
+            break;
+        case Qt::Key_Left:
+            to = Step(0, -1);
+            break;
+        case Qt::Key_Right:
+            to = Step(0, 1);
+            break;
+        case Qt::Key_PageUp:
+            to = Step(-RowsInView(), 0);
+            break;
+        case Qt::Key_PageDown:
+            to = Step(RowsInView(), 0);
+            break;
+        case Qt::Key_Home:
+            to = EndOfRow(ends ? 0 : current_.row, 0, 1);
+            break;
+        case Qt::Key_End:
+            to = EndOfRow(ends ? rows_ - 1 : current_.row, columns_ - 1, -1);
+            break;
+        default:
+            return false;
     }
     Select(to, extends ? anchor_ : to);
     return true;
@@ -155,11 +176,10 @@ void CGridCtrl::mouseMoveEvent(QMouseEvent *event) {
     if (!(event->buttons() & Qt::LeftButton) || !anchor_.IsValid()) return;
     const QPoint at = event->position().toPoint();
     const QRect inside = viewport()->rect().adjusted(0, -rowHeight_, 0, rowHeight_);  // a drag beyond it scrolls
-    const GridPlace place{
-        std::clamp((std::clamp(at.y(), inside.top(), inside.bottom()) + rowHeight_) / rowHeight_ - 1 +
-                       verticalScrollBar()->value(),
-                   0, rows_ - 1),
-        std::clamp(ColumnAt(std::max(0, at.x()) + horizontalScrollBar()->value()), 0, columns_ - 1)};
+    const GridPlace place{std::clamp((std::clamp(at.y(), inside.top(), inside.bottom()) + rowHeight_) / rowHeight_ - 1 +
+                                         verticalScrollBar()->value(),
+                                     0, rows_ - 1),
+                          std::clamp(ColumnAt(std::max(0, at.x()) + horizontalScrollBar()->value()), 0, columns_ - 1)};
     if (anchor_.column == 0 && Cell(anchor_).IsFixed())
         Select({place.row, columns_ - 1}, anchor_);
     else if (!Cell(place).IsFixed() && place != current_)

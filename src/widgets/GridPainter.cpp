@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr int kFocusWidth = 2;     // pixels
+constexpr int kFocusWidth = 2;  // pixels
 constexpr int kBracketWidth = 2;
 constexpr int kBracketArm = 4;
-constexpr int kMarkShare = 60;     // of the row's height, in percent
-constexpr int kMarkOverlap = 2;    // pixels of a digit that are empty
+constexpr int kMarkShare = 60;   // of the row's height, in percent
+constexpr int kMarkOverlap = 2;  // pixels of a digit that are empty
 
 }  // namespace
 

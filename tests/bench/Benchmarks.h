@@ -8,6 +8,7 @@ void BenchNoChangeBuild();
 void BenchSymbols();
 void BenchDebugStart();
 void BenchDebugStep();
+void BenchDebugBars();
 
 // Against another program. They are there where X11's client libraries are.
 void BenchPeerStartUp();

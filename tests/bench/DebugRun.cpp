@@ -5,13 +5,8 @@
 #include <filesystem>
 
 #include "bench/Benchmarks.h"
+#include "bench/DebugWindow.h"
 #include "bench/Measure.h"
-#include "debugger/DebugBar.h"
-#include "debugger/DebugBars.h"
-#include "editor/IDEView.h"
-#include "editor/ListBar.h"
-#include "editor/ViewSetup.h"
-#include "framework/MessageTarget.h"
 #include "support/Program.h"
 
 namespace {
@@ -49,37 +44,9 @@ private:
     QProcess gpsim_;
 };
 
-bool Stands(CProgram &program) {
-    return !program.App().session.IsRunning() && WaitingMessages() == 0;
-}
-
-bool ShowsExecution(CProgram &program) {
-    const CIDEView *view = program.ActiveView();
-    return view && view->Send(SCI_MARKERNEXT, 0, 1 << kMarkerExecution) >= 0;
-}
-
-void Start(CProgram &program) {
-    program.Command(ID_DEBUG_START);
-    TurnEventsUntil([&] { return Stands(program) && ShowsExecution(program); });
-}
-
 // What has changed, no more.
 void Paint() {
     QCoreApplication::processEvents();
-}
-
-// Side by side, none behind another.
-void ShowAllBars(CProgram &program) {
-    CMainFrame &frame = program.Frame();
-    const DebugBars &bars = frame.DebugBars();
-    const std::initializer_list<CDockBar *> all = {bars.registers, bars.stack,   bars.ram,        bars.eeprom,
-                                                   bars.watch,     bars.profile, &frame.ListBar()};
-    for (CDockBar *bar : all) {
-        frame.addDockWidget(Qt::RightDockWidgetArea, bar, Qt::Horizontal);
-        bar->show();
-    }
-    Paint();
-    for (const CDockBar *bar : all) Require(bar->IsShowing(), "a bar isn't to be seen");
 }
 
 // Opens the example and builds it. Returns the native name of what the simulator's program loads.
@@ -101,7 +68,7 @@ void BenchDebugStart() {
     const std::string image = Prepare(scratch, program);
     const auto start = [&] {
         const double time = Elapsed([&] {
-                                Start(program);
+                                StartDebugRun(program);
                                 Paint();
                             }).count();
         program.Command(ID_DEBUG_END);
@@ -120,7 +87,7 @@ void BenchDebugStep() {
     scratch.CopyExample("greeting");
     CProgram program(scratch, {scratch.Native("greeting/greeting.__c")});
     const std::string image = Prepare(scratch, program);
-    Start(program);
+    StartDebugRun(program);
     ShowAllBars(program);
     Paint();
     const auto step = [&] {

@@ -23,6 +23,7 @@ int main(int argc, char **argv) {
         {"symbols", BenchSymbols},
         {"debug-start", BenchDebugStart},
         {"debug-step", BenchDebugStep},
+        {"debug-bars", BenchDebugBars},
 #ifdef THORNWELL_BENCH_PEER
         {"peer-start-up", BenchPeerStartUp},
         {"peer-big-source", BenchPeerBigSource},

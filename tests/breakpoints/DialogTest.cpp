@@ -64,7 +64,8 @@ TEST_F(Breakpoints, ActThroughTheirDialogs) {
     const CBreakpointProps &props = Props("a.c", 3);
     EXPECT_EQ(Listed("a.c"), "3(x > 1) ");
     EXPECT_EQ(Marked(a), "3 ");
-    EXPECT_TRUE(props.useCond == 1 && props.condMode == 1 && props.useHit == 1 && props.hitVal == 12 && props.hitMode == 2);
+    EXPECT_TRUE(props.useCond == 1 && props.condMode == 1 && props.useHit == 1 && props.hitVal == 12 &&
+                props.hitMode == 2);
 
     program.AnswerDialog([](QWidget &window) {
         ButtonOf(window, "Remove All")->click();

@@ -26,7 +26,8 @@ protected:
         std::istringstream text(scratch.Read("blink/" + name));
         std::string line;
         for (int number = 0; std::getline(text, line); ++number)
-            if (const size_t at = line.find_first_not_of(' '); at != std::string::npos && line.compare(at, begin.size(), begin) == 0)
+            if (const size_t at = line.find_first_not_of(' ');
+                at != std::string::npos && line.compare(at, begin.size(), begin) == 0)
                 return number;
         throw std::out_of_range(begin);
     }
@@ -36,8 +37,8 @@ protected:
     bool Stands() { return program.App().session.IsOpen() && !program.App().session.IsRunning(); }
     bool RunToStop(int command) {
         program.Command(command);
-        return program.App().session.IsOpen() && program.WaitFor([this] { return Stands() && WaitingMessages() == 0; }) &&
-               (program.Settle(), Stands());
+        return program.App().session.IsOpen() &&
+               program.WaitFor([this] { return Stands() && WaitingMessages() == 0; }) && (program.Settle(), Stands());
     }
     std::string ExecutionLine() { return Marked(main_, kMarkerExecution); }
     bool Told(const std::string &text) { return program.BuildText().find(text) != std::string::npos; }

@@ -156,3 +156,12 @@ TEST(Peer, TableReadsAndTwoInterruptLevels) {
 TEST(Peer, JumpTableOfPic18) {
     CompareWithPeer("PIC18F1220", "jump1220", 41);
 }
+TEST(Peer, TwelveBits) {
+    CompareWithPeer("PIC16F505", "baseline505", 41);
+}
+TEST(Peer, ConverterAndPulseWidth) {
+    CompareWithPeer("PIC16F877A", "analog877a", 42);
+}
+TEST(Peer, SerialLineByInterrupts) {
+    CompareWithPeer("PIC18F452", "serial452", 42);
+}

@@ -32,3 +32,18 @@ TEST(Walks, SeeWhatIsWrittenBetweenTwoBytesAndWhereMemoryEnds) {
         EXPECT_EQ(value, address == 100 ? 100 ^ 0x5A : 7) << address;
     }
 }
+
+TEST(Walks, OverEepromEndWithItFromEitherBase) {
+    const CDebugger debugger;
+    CDebugRun run(debugger);
+    uint8_t written[] = {7, 9};
+    ASSERT_EQ(debugger.Call<DbgEepromValFn>("DbgSetEepromVal", 0x1BF00 + 40, 2, written), kDbgOk);
+    for (const int base : {0, 0x1BF00}) {
+        for (int address = 0; address < 70; ++address) {
+            uint8_t byte = 0;
+            const int answer = debugger.Call<DbgEepromValFn>("DbgGetEepromVal", base + address, 1, &byte);
+            ASSERT_EQ(answer == kDbgOk, address < 64) << address;
+            if (address < 64) ASSERT_EQ(byte, address == 40 ? 7 : address == 41 ? 9 : 0xFF) << address;
+        }
+    }
+}

@@ -55,7 +55,7 @@ TEST_F(MemoryProgram, BytesAreTypedOverInBothWays) {
         {hex(kFree + 7), "bcd", kFree + 7, 0xBC, hex(kFree + 8)},  // over the gap into the next row, half typed
         {character(kFree + 15), "~", kFree + 15, 0x7E, character(kFree + 16)},
         {character(kFree + 2), "\xC3\xA9\xE2\x82\xAC", kFree + 2, 0xE9, character(kFree + 3)},  // a euro has no byte
-        {hex(7), "12", 7, -1, hex(7)},  // absent
+        {hex(7), "12", 7, -1, hex(7)},                                                          // absent
     };
     for (const auto &c : cases) {
         EXPECT_EQ(Type(ram, c.at, c.keys), c.then) << c.keys;
@@ -133,8 +133,9 @@ TEST_F(MemoryProgram, AWatchpointHasTwoNamesStopsTheRunAndStaysWithTheProject) {
 
 TEST_F(MemoryProgram, AHandEditedSectionOfWatchpointsCostsOnlyItsBadEntries) {
     scratch.CopyExample("blink");
-    scratch.Write("blink/blink.__c", Project() + "[Watchpoint]\r\nCount=2000000000\r\nExpr1=$TMR0\r\nExpr2=no such\r\n"
-                                                 "Expr3=$99999999999\r\nExpr4=$1\r\nExpr5=$\r\n");
+    scratch.Write("blink/blink.__c", Project() +
+                                         "[Watchpoint]\r\nCount=2000000000\r\nExpr1=$TMR0\r\nExpr2=no such\r\n"
+                                         "Expr3=$99999999999\r\nExpr4=$1\r\nExpr5=$\r\n");
     ASSERT_TRUE(program.Start());
     ASSERT_TRUE(program.App().OpenWorkspace(scratch.Windows("blink/blink.__c").c_str(), false));
     ASSERT_TRUE(program.Build());

@@ -11,6 +11,7 @@
 #include "editor/IDEDoc.h"
 #include "framework/Text.h"
 #include "framework/WindowsDlg.h"
+#include "plugins/PluginInstance.h"
 
 class MenuTest : public ProgramTest {
 protected:

@@ -2,8 +2,8 @@
 
 namespace {
 
-constexpr int kWalk = 4;         // steps in a row
-constexpr int kBlock = 1024;     // addresses
+constexpr int kWalk = 4;      // steps in a row
+constexpr int kBlock = 1024;  // addresses
 constexpr std::chrono::milliseconds kRunningLimit{5};
 
 }  // namespace

@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds, so that one
-// walk sees one state.
+// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds, so that
+// one walk sees one state.
 class CReadAhead {
 public:
     static constexpr int kUnreadable = -1;

@@ -86,6 +86,12 @@ int Ask(Request request, Result *result, const Arguments &...arguments) {
     });
 }
 
+// The low-power chips of the enhanced family are shown with their EEPROM at this address. No chip has as much of it.
+int EepromAddress(int address) {
+    constexpr int kLowPowerBase = 0x1BF00;
+    return address >= kLowPowerBase ? address - kLowPowerBase : address;
+}
+
 // What a call has read, if it has.
 template <typename Value>
 int Give(const std::optional<int> &read, Value &value) {
@@ -179,6 +185,7 @@ ENGINE_EXPORT int DbgGetEepromSize(int *bytes) {
 
 ENGINE_EXPORT int DbgGetEepromVal(int address, int count, uint8_t *bytes) {
     if (!bytes || count < 0) return kDbgFailed;
+    address = EepromAddress(address);
     if (count == 1) return OnRun([&](CRun &run) { return Give(run.ReadEeprom(address), *bytes); });
     std::vector<uint8_t> read;
     if ( Ask(Request::readEeprom, &read, address, count) != kDbgOk) return kDbgFailed;
@@ -189,7 +196,7 @@ ENGINE_EXPORT int DbgGetEepromVal(int address, int count, uint8_t *bytes) {
 
 ENGINE_EXPORT int DbgSetEepromVal(int address, int count, uint8_t *bytes) {
     if (!bytes || count < 0) return kDbgFailed;
-    return Tell(Request::writeEeprom, address, Bytes{{bytes, static_cast<size_t>(count)}});
+    return Tell(Request::writeEeprom, EepromAddress(address), Bytes{{bytes, static_cast<size_t>(count)}});
 }
 
 ENGINE_EXPORT int DbgPosToAddr(const char *file, int line, int *address, int *codeLine) {
