@@ -249,5 +249,7 @@ void CRegisterBar::MapCommands() {
             const bool set = CIDEApp::Get().watchpoints.Find(watchedName_) != -1;
             ui.SetText(LoadText(set ? IDS_MENU_CLEAR_WATCHPOINT : IDS_MENU_SET_WATCHPOINT, {watchedName_.substr(1)}));
         });
-    OnCommand(ID_REGISTER_WATCHPOINTS_CLEAR, [] { CIDEApp::Get().watchpoints.RemoveAll(); });
+    OnCommand(
+        ID_REGISTER_WATCHPOINTS_CLEAR, [] { CIDEApp::Get().watchpoints.RemoveAll(); },
+        [](CCmdUI &ui) { ui.Enable(!CIDEApp::Get().watchpoints.List().empty()); });
 }

@@ -23,10 +23,11 @@ bool IsDebugging() { return CIDEApp::Get().session.IsOpen(); }
 int DefaultFormat() { return GetUserInt("Debugger", "DefWatchFormat", 0); }
 CWatchItem *WatchOf(CPropTreeItem *row) { return static_cast<CWatchItem *>(row); }
 
+// As much as the project gives back, without a part of a character.
 std::string CutToLongest(const std::string &text) {
-    std::string cut = FromQString(ToQString(text).trimmed());
-    while (cut.size() > kLongestWatch) cut = FromQString(ToQString(cut).chopped(1));
-    return cut;
+    QString cut = ToQString(text).trimmed().left(kLongestWatch);
+    while (cut.toUtf8().size() > static_cast<int>(kLongestWatch)) cut.chop(1);
+    return FromQString(cut);
 }
 
 }  // namespace

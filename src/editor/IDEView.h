@@ -117,7 +117,7 @@ private:
     void MapBreakpointCommands();
     void MapWatchCommands();
     void WatchAtCaret();
-    std::string SelectedLine() const;  // the first line of the selection, empty without one
+    std::string SelectedLine() const;  // the first line of the selection, as far as it can be watched
     void BreakpointProperties();
     void GotoBookmark(bool next);
     void GotoLine();

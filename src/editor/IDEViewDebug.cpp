@@ -1,6 +1,7 @@
 // What the code view does for debug runs: breakpoints on its lines, values under the pointer.
 #include <QApplication>
 #include <QCursor>
+#include <algorithm>
 #include <utility>
 
 #include "app/CommandIds.h"
@@ -11,6 +12,7 @@
 #include "debugger/BreakpointArming.h"
 #include "debugger/BreakpointCommands.h"
 #include "debugger/WatchBar.h"
+#include "debugger/WatchList.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
@@ -152,7 +154,7 @@ void CIDEView::MapWatchCommands() {
 
 std::string CIDEView::SelectedLine() const {
     const std::string text = sci_.GetSelectedText();
-    return text.substr(0, text.find_first_of("\r\n"));
+    return text.substr(0, std::min<size_t>(text.find_first_of("\r\n"), kLongestWatch));
 }
 
 void CIDEView::WatchAtCaret() {

@@ -1,7 +1,6 @@
 // The register bar over the engine and a built example.
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMenu>
 #include <QTest>
 
 #include "app/Settings.h"

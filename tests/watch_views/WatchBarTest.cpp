@@ -2,11 +2,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
+#include <QTimer>
 
 #include "app/StringIds.h"
 #include "debug_views/DebugProgram.h"
@@ -119,6 +122,31 @@ TEST_F(WatchBar, ValuesAreTypedOverAndTheTargetHasThem) {
     Tree().setFocus();
     QTest::keyClick(&Tree(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith("ticks_left\t0x3 'ETX'\n$PORTB\t"));
+}
+
+// With Ctrl held, text under the pointer is watched without a question, and formats are for all rows.
+TEST_F(WatchBar, DoesMoreWithCtrlHeld) {
+    Debug("blink");
+    CIDEView &view = *program.ActiveView();
+    view.Send(SCI_GOTOPOS, view.Sci().GetText().find("ticks_left") + 1);
+    QTimer::singleShot(100, &view, [] {
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        const QString wanted = ToQString(LoadText(IDS_MENU_ADD_WATCH, {"ticks_left"}));
+        QTest::keyPress(menu, Qt::Key_Control, Qt::ControlModifier);
+        for (QAction *entry : menu->actions())
+            if (entry->text() == wanted) entry->trigger();
+        menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&view, &event);
+    EXPECT_TRUE(Rows().starts_with("ticks_left=")) << Rows();
+    Bar().AddWatch("$STATUS");
+    Tree().setCurrentIndex({});
+    program.Command(ID_WATCH_FORMAT_FIRST + int{kOctal});
+    QTest::keyRelease(&Tree(), Qt::Key_Control);
+    EXPECT_EQ(Row(0).Format(), kOctal);
+    EXPECT_EQ(Row(1).Format(), kOctal);
 }
 
 TEST_F(WatchBar, TakesExpressionsFromSourceDialogAndDropAndKeepsThem) {
