@@ -316,16 +316,16 @@ constexpr LangMenuEntry kWatch[] = {
     {0, ID_WATCH_REMOVE_ALL, "Remove A&ll"},
     Line(0),
     {0, ID_WATCH_FORMAT_FIRST, "&Decimal"},
-    {0, ID_WATCH_FORMAT_FIRST + 1, "&Binary"},
-    {0, ID_WATCH_FORMAT_FIRST + 2, "&Octal"},
+    {0, ID_WATCH_FORMAT_BINARY, "&Binary"},
+    {0, ID_WATCH_FORMAT_OCTAL, "&Octal"},
     {0, ID_WATCH_FORMAT_LAST, "&Hexadecimal"},
 };
 
 // The text of a watchpoint's entry comes when the menu opens.
 constexpr LangMenuEntry kRegister[] = {
     {0, ID_REGISTER_FORMAT_FIRST, "&Decimal"},
-    {0, ID_REGISTER_FORMAT_FIRST + 1, "&Binary"},
-    {0, ID_REGISTER_FORMAT_FIRST + 2, "&Octal"},
+    {0, ID_REGISTER_FORMAT_BINARY, "&Binary"},
+    {0, ID_REGISTER_FORMAT_OCTAL, "&Octal"},
     {0, ID_REGISTER_FORMAT_LAST, "&Hexadecimal"},
     Line(0),
     {0, ID_REGISTER_WATCHPOINT, "&Watchpoint"},

@@ -142,6 +142,7 @@ TEST(RegisterInfo, TakesTheHeadersOfTheUsersDirectory) {
     std::filesystem::remove_all(directory);
     ASSERT_TRUE(info);
     EXPECT_EQ(info->Text([](uint32_t address) { return address; }), "[Core]0STATUS=03[Analog]0ADCON=20");
+    EXPECT_EQ(info->Text([](uint32_t address) { return address; }, 0x5A), "[Core]0STATUS=030W=5A[Analog]0ADCON=20");
     EXPECT_EQ(CRegisterInfo::BitText(*info->Find("adcon")), "2:CHS0 3:CHS1");
     EXPECT_FALSE(info->Find("W") || info->Find("_X") || info->Find("PORTA"));
 }

@@ -14,7 +14,8 @@ namespace {
 constexpr int kMenus[] = {IDR_MAINFRAME,           IDR_OUTPUT_MENU,         IDR_WORKSPACE_MENU_PROJECT,
                           IDR_WORKSPACE_MENU_FILE, IDR_WORKSPACE_MENU_ROOT, IDR_TAB_MENU,
                           IDR_BUILD_MENU,          IDR_BAR_MENU,            IDR_HEADER_MENU,         IDR_FOOTER_MENU,
-                          IDR_GROUPING_MENU,       IDR_TREE_MENU,           IDR_WORKSPACE_MENU_OUTPUTS};
+                          IDR_GROUPING_MENU,       IDR_TREE_MENU,           IDR_WORKSPACE_MENU_OUTPUTS,
+                          IDR_WATCH_MENU,          IDR_REGISTER_MENU,       IDR_MEMORY_MENU};
 
 bool IsSeparator(const LangMenuEntry &entry) {
     return entry.command == 0 && entry.text == nullptr;
@@ -104,7 +105,7 @@ TEST(LanguageMenus, EveryCommandIsWithinTheUsersReach) {
         ID_WINDOW_LIST_ALL,    ID_USER_MACROS,
         ID_PLUGIN_NONE,        ID_PLUGIN_BARS,
         ID_FUNCTIONS,          ID_VIEW_GOTO_DEFINITION,  // of the code view's menu
-        ID_BREAKPOINT_AT_POINTER, ID_BREAKPOINT_PROPERTIES,
+        ID_BREAKPOINT_AT_POINTER, ID_BREAKPOINT_PROPERTIES, ID_WATCH_AT_POINTER,
         ID_HELP_OSPREYC,       ID_HELP_OSPREYCPP,    // never show in a menu
         ID_HELP_OSPREYP,       ID_HELP_WIZARD,
         ID_CONFIG_SELECT,                            // the box on the tool bar

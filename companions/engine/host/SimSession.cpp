@@ -95,7 +95,7 @@ bool CSimSession::Evaluate(const std::string &expression, int format, std::strin
             error = "There is no description of the registers of the " + type_ + ".";
             return false;
         }
-        text = registers_->Text([this](uint32_t address) { return chip_->ReadRegister(address); });
+        text = registers_->Text([this](uint32_t address) { return chip_->ReadRegister(address); }, chip_->W());
         return true;
     }
     auto parsed = CExpression::Parse(expression, error);

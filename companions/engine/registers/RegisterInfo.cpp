@@ -165,7 +165,8 @@ const ChipRegister *CRegisterInfo::At(uint32_t address) const {
     return offset == 0 || (offset >= 2 && offset <= 4) || offset == 10 || offset == 11 ? Exactly(offset) : nullptr;
 }
 
-std::string CRegisterInfo::Text(const std::function<std::optional<uint8_t>(uint32_t address)> &valueAt) const {
+std::string CRegisterInfo::Text(const std::function<std::optional<uint8_t>(uint32_t address)> &valueAt,
+                                std::optional<uint8_t> working) const {
     std::vector<RegisterGroupRows> groups;
     size_t group = RegisterGroupNames().size();
     for (const size_t index : shown_) {
@@ -176,5 +177,6 @@ std::string CRegisterInfo::Text(const std::function<std::optional<uint8_t>(uint3
         }
         groups.back().registers.push_back({entry.name, valueAt ? valueAt(entry.address) : std::nullopt});
     }
+    if (working && !groups.empty() && !Find("WREG")) groups.front().registers.push_back({"W", working});
     return RegisterText(groups);
 }

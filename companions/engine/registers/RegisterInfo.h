@@ -41,7 +41,9 @@ public:
     const ChipRegister *At(uint32_t address) const;
 
     // For DbgEvaluate("_registers"): groups and registers by name, with their values. Below 4,095 bytes.
-    std::string Text(const std::function<std::optional<uint8_t>(uint32_t address)> &valueAt) const;
+    // `working`: the value of W, which takes part where it has no address.
+    std::string Text(const std::function<std::optional<uint8_t>(uint32_t address)> &valueAt,
+                     std::optional<uint8_t> working = {}) const;
 
     // For DbgGetRegBits; below 255 bytes. Empty for a register without named bits.
     static std::string BitText(const ChipRegister &shown) { return BitNamesText(shown.bits); }
