@@ -26,10 +26,10 @@ start   code    0
         goto    main
         code
 main    lfsr    0, 0x080
-fill    incf    POSTINC0, F, A
+again   incf    POSTINC0, F, A
         movlw   0x0F
         cpfseq  FSR0H, A
-        bra     fill
+        bra     again
         bra     main
         end
 )";
@@ -87,7 +87,7 @@ double Speed(CProgram &program, bool snapshots) {
 void BenchDebugBars() {
     const CScratch scratch;
     CProgram program(scratch, {MakeProject(scratch)});
-    Require(program.Start() && program.Build(), "the project doesn't build");
+    Require(program.Start() && program.Build() && scratch.Exists("fill/Debug/fill.cof"), "the project doesn't build");
     program.Frame().resize(2560, 1440);
     StartDebugRun(program);
     ShowAllBars(program);
