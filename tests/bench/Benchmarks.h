@@ -9,6 +9,7 @@ void BenchSymbols();
 void BenchDebugStart();
 void BenchDebugStep();
 void BenchDebugBars();
+void BenchEngineRun();
 
 // Against another program. They are there where X11's client libraries are.
 void BenchPeerStartUp();

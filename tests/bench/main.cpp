@@ -24,6 +24,7 @@ int main(int argc, char **argv) {
         {"debug-start", BenchDebugStart},
         {"debug-step", BenchDebugStep},
         {"debug-bars", BenchDebugBars},
+        {"engine-run", BenchEngineRun},
 #ifdef THORNWELL_BENCH_PEER
         {"peer-start-up", BenchPeerStartUp},
         {"peer-big-source", BenchPeerBigSource},
