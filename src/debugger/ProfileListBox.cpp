@@ -44,14 +44,16 @@ void CProfileListBox::SetEmptyText(const std::string &text) {
 }
 
 void CProfileListBox::Change(const std::function<void(CProfileRows &)> &change) {
+    using Select = QItemSelectionModel;
     const auto &list = model_->rows.List();
     const QModelIndex current = currentIndex();
+    const bool selected = selectionModel()->isSelected(current);
     const std::string name = current.isValid() ? list[static_cast<size_t>(current.row())].name : std::string();
     model_->Apply(change);
     const auto now = std::ranges::find(list, name, &ProfileRow::name);
     if (name.empty() || now == list.end() || selectionModel()->selectedIndexes().size() > 1) return;
     if (const int row = static_cast<int>(now - list.begin()); row != currentIndex().row())
-        setCurrentIndex(model_->index(row));
+        selectionModel()->setCurrentIndex(model_->index(row), selected ? Select::ClearAndSelect : Select::NoUpdate);
 }
 
 std::string CProfileListBox::SelectedText() const {

@@ -10,5 +10,6 @@ void EditSources(CTour &tour);
 void ChooseColours(CTour &tour);
 void FindOnesWay(CTour &tour);
 void DebugTheExamples(CTour &tour);
+void LookIntoMemory(CTour &tour);
 void ArrangeTheFrame(CTour &tour);
 void LookIntoTheMenus(CTour &tour);

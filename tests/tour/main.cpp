@@ -18,7 +18,7 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     CTour tour(directory);
     for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, FindOnesWay,
-                            DebugTheExamples, ChooseColours, ArrangeTheFrame, LookIntoTheMenus})
+                            DebugTheExamples, LookIntoMemory, ChooseColours, ArrangeTheFrame, LookIntoTheMenus})
         stop(tour);
     tour.Say("The tour is over.");
     return 0;
