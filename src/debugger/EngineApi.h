@@ -106,7 +106,7 @@ using DbgValidateRegisterMapFn = int(uint8_t *map, int size);  // map[a] becomes
 using DbgSymbolToAddrFn = int(const char *name, int *address);
 
 using DbgGetEepromSizeFn = int(int *bytes);
-using DbgEepromValFn = int(int address, int count, uint8_t *bytes);  // DbgGetEepromVal, DbgSetEepromVal
+using DbgEepromValFn = int(int address, int count, uint8_t *bytes);  // DbgGet..., DbgSetEepromVal; from 0 or from 0x1BF00
 
 using DbgPosToAddrFn = int(const char *file, int line, int *address, int *codeLine);  // the first line from `line` on
 using DbgAddrToPosFn = int(int address, char *file, int size, int *line);
