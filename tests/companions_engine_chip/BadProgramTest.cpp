@@ -155,3 +155,12 @@ TEST(BadProgram, TouchesRegistersThatAreNotThere) {
     EXPECT_EQ(chip->RunTo(kNoStops, 400), ChipState::running);
     EXPECT_EQ(chip->ReadRegister(0x20), 100);
 }
+
+TEST(BadProgram, SelectsABankThatIsNotThere) {
+    const auto chip = MakeChipOf("PIC18F452", "  org 0\n  movlw 0xf1\n  movwf BSR, a\n  setf 0x40, b\n  bra $");
+    ASSERT_TRUE(chip);
+    ASSERT_TRUE(chip->WatchByte(0x140, true));
+    EXPECT_EQ(chip->RunTo(kNoStops, 1000), ChipState::running);
+    EXPECT_TRUE(chip->TakeWritten());
+    EXPECT_EQ(chip->ReadRegister(0x140), 0xff);
+}

@@ -43,7 +43,9 @@ CDebugRun::CDebugRun(const CDebugger &debugger, bool reset, const std::string &c
     });
     EXPECT_EQ(debugger.Call<DbgSetExecutionChangeCallbackFn>("DbgSetExecutionChangeCallback", &OnExecution, this),
               kDbgOk);
-    EXPECT_EQ(debugger.Call<DbgLoadFileFn>("DbgLoadFile", image.c_str()), kDbgOk);
+    if (!image.empty()) {
+        EXPECT_EQ(debugger.Call<DbgLoadFileFn>("DbgLoadFile", image.c_str()), kDbgOk);
+    }
     if (reset) {
         EXPECT_EQ(Do("DbgReset").reason, kDbgAfterReset);
     }

@@ -38,7 +38,7 @@ struct Stop {
     std::string file;
 };
 
-// One run with its engine's thread; ended with the object.
+// One run with its engine's thread; ended with the object. Without an image nothing is loaded.
 class CDebugRun {
 public:
     explicit CDebugRun(const CDebugger &debugger, bool reset = true, const std::string &chip = "COUNTER",

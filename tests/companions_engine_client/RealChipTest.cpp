@@ -1,9 +1,13 @@
+#include <fstream>
 #include <ostream>
+#include <random>
 
 #include "DebugRun.h"
 #include "companions_engine_image/LinkedProgram.h"
 
 namespace {
+
+constexpr int kDamages = 12;  // of each program
 
 const ProgramSources kSmallEnhanced = {"16f1823", R"(
 #include <p16f1823.inc>
@@ -56,6 +60,44 @@ TEST(RealChip, TenRunsInOneProcessStepAndGoBack) {
         }
     }
     EXPECT_EQ(CountBelongings(), before);
+}
+
+// Whatever a linker never left: it isn't loaded, and words say why, or it runs as any program does.
+TEST(RealChip, RunsDamagedPrograms) {
+    const CDebugger debugger(PROGRAM_DIR);
+    std::mt19937 random(7);
+    int ran = 0;
+    for (const ProgramSources *sources : {&kMidRange, &kSmallEnhanced, &kPic18}) {
+        const CLinkedProgram program(*sources);
+        const std::string whole = program.ImageBytes();
+        for (int round = 0; round < kDamages; ++round) {
+            SCOPED_TRACE(std::string(sources->chip) + ' ' + std::to_string(round));
+            std::string bytes = whole;
+            for (int i = 0; i < 1 + round % 20; ++i) bytes[random() % bytes.size()] = static_cast<char>(random());
+            std::ofstream(program.Native("damaged.cof"), std::ios::binary) << bytes;
+            CDebugRun run(debugger, false, sources->chip, "");
+            const std::string image = program.Windows("damaged.cof");
+            char words[256] = "";
+            if (debugger.Call<DbgLoadFileFn>("DbgLoadFile", image.c_str()) != kDbgOk) {
+                EXPECT_EQ(debugger.Call<DbgGetErrorTextFn>("DbgGetErrorText", words, int{sizeof words}), kDbgOk);
+                EXPECT_STRNE(words, "");
+                EXPECT_EQ(debugger.Command("DbgReset"), kDbgFailed);
+                continue;
+            }
+            ++ran;
+            EXPECT_EQ(run.Do("DbgReset").reason, kDbgAfterReset);
+            EXPECT_EQ(debugger.Command("DbgRun"), kDbgOk);
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+            debugger.Evaluate("_registers");
+            debugger.Command("DbgStop");  // refused when the program has come to an end of its own
+            int reason = 0;
+            do reason = run.AwaitStop().reason;
+            while (reason == kDbgNoteSleep || reason == kDbgNoteStack);
+            EXPECT_TRUE(reason == kDbgStopped || reason == kDbgBadMemory) << reason;
+            EXPECT_EQ(run.Do("DbgStepBack").reason, kDbgAfterStepBack);
+        }
+    }
+    EXPECT_GE(ran, kDamages);
 }
 
 TEST(RealChip, FailuresSayWhy) {

@@ -79,6 +79,15 @@ Core CoreOf(pic_processor &chip) {
     }
 }
 
+// The library takes five bits of BSR for the bank, where the chip has four, and doesn't look where its memory ends.
+void RepeatBanks(pic_processor &cpu) {
+    const unsigned int size = cpu.register_memory_size();
+    Register **const former = cpu.registers;  // stays: the library's tables of the registers' names know it
+    cpu.registers = new Register *[2 * size];
+    for (unsigned int half : {0u, size}) std::copy_n(former, size, cpu.registers + half);
+    cpu.register_bank = cpu.registers;
+}
+
 }  // namespace
 
 CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
@@ -88,6 +97,7 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
       timerHigh(pic18 ? &static_cast<_16bit_processor &>(chip).tmr0h : nullptr),
       resetListener(*new CResetListener),  // the library deletes it when it is removed
       pins(chip, seenStackFlags) {
+    if (isPic18) RepeatBanks(cpu);
     gi.add_interface(&resetListener);
     cpu.setBreakOnReset(true);
     if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {

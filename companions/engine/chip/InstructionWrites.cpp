@@ -163,7 +163,7 @@ private:
     uint32_t File18(uint32_t code) const {
         constexpr uint32_t kIndexedEnd = 0x60;
         const uint32_t file = code & 0xFF;
-        if (code & 0x100) return Indirect18(Byte(kBsr18) << 8 | file);
+        if (code & 0x100) return Indirect18((Byte(kBsr18) & 0xF) << 8 | file);
         if (file < kIndexedEnd && static_cast<_16bit_processor &>(cpu_).extended_instruction()) return BehindFsr2(file);
         return file < cpu_.access_gprs() ? file : Indirect18(kHighAccess + file);
     }
