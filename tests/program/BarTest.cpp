@@ -133,8 +133,8 @@ TEST_F(BarTest, HasALayoutForDebugging) {
     program->Settle();
     EXPECT_TRUE(Strip(kBarDebug).isVisible());
     EXPECT_FALSE(Strip(kBarMacro).isVisible());
-    for (const int id : {kBarRegisters, kBarWatch, kBarStack, kBarListing}) EXPECT_TRUE(Bar(id).IsShowing()) << id;
-    for (const int id : {kBarRam, kBarEeprom, kBarProfile}) EXPECT_TRUE(Bar(id).isHidden()) << id;
+    for (const int id : {kBarRegisters, kBarWatch, kBarStack}) EXPECT_TRUE(Bar(id).IsShowing()) << id;
+    for (const int id : {kBarRam, kBarEeprom, kBarListing, kBarProfile}) EXPECT_TRUE(Bar(id).isHidden()) << id;
     EXPECT_TRUE(ButtonIsDown(ID_VIEW_WATCH_BAR));
     Frame().SetStatusText(kPaneDebugTime, "12 us");
     program->Command(ID_VIEW_WATCH_BAR);

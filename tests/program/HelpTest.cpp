@@ -50,13 +50,13 @@ TEST_F(HelpTest, DocumentsOpenInTheDesktopsProgramsOrAreNamedAsMissing) {
     Start();
     program->Answer(IDOK);
     program->Command(ID_HELP_USER_MANUAL);
-    EXPECT_EQ(program->Boxes(), std::vector{Text(IDS_HELP_FAILED) + "\n" + scratch.Native("bin/UserManual.pdf")});
+    EXPECT_EQ(program->Boxes(), std::vector{Text(IDS_HELP_FAILED) + "\n" + scratch.Native("program/UserManual.pdf")});
 
-    scratch.Write("bin/UserManual.pdf", "%PDF");
-    scratch.Write("bin/larkc++.pdf", "%PDF");
+    scratch.Write("program/UserManual.pdf", "%PDF");
+    scratch.Write("program/larkc++.pdf", "%PDF");
     program->Command(ID_HELP_USER_MANUAL);
     program->Command(ID_HELP_LARKCPP);
-    EXPECT_EQ(desktop.opened, (std::vector{scratch.Native("bin/UserManual.pdf"), scratch.Native("bin/larkc++.pdf")}));
+    EXPECT_EQ(desktop.opened, (std::vector{scratch.Native("program/UserManual.pdf"), scratch.Native("program/larkc++.pdf")}));
 }
 
 TEST_F(HelpTest, EachStartGreetsWithAnotherTipUntilTheUserHasEnough) {

@@ -66,7 +66,7 @@ TEST_F(MenuTest, ListsThePluginsThatThereAre) {
     EXPECT_FALSE(menu->actions().front()->isEnabled());
     EXPECT_EQ(FromQString(Frame().PluginBar(25).windowTitle()), "Plugin #25 (empty)");
     for (int slot = 0; slot < CPluginBar::kSlots; ++slot)
-        EXPECT_FALSE(QueryCommand(Frame(), ID_PLUGIN_BARS + slot).checked) << "an empty slot has no command";
+        EXPECT_FALSE(QueryCommand(Frame(), ID_PLUGIN_BARS + slot).checked.value_or(false)) << "an empty slot has no command: " << slot;
     for (int slot : {0, 1, 2, 3}) {
         const bool alone = slot == 2;
         Frame().PluginBar(slot).Attach(new QLabel("window"), alone ? "Keys" : "LEDs", alone ? 1 : 3, nullptr);

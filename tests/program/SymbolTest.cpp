@@ -207,8 +207,8 @@ TEST_F(SymbolTest, TakesExtraLocationsIn) {
 TEST_F(SymbolTest, LetsTheUserEndATagGeneratorThatHangs) {
     WriteProject();
     const OwnProgramDirectory directory(scratch, {"ctags.exe"});
-    scratch.Write("bin/ctags.exe", "#!/bin/sh\nexec sleep 1000\n");
-    std::filesystem::permissions(scratch.Native("bin/ctags.exe"), std::filesystem::perms::owner_all);
+    scratch.Write("program/ctags.exe", "#!/bin/sh\nexec sleep 1000\n");
+    std::filesystem::permissions(scratch.Native("program/ctags.exe"), std::filesystem::perms::owner_all);
     Make({scratch.Native("p q/tank.__c")});
     program->Answer(IDYES);
     EXPECT_TRUE(program->Start());
