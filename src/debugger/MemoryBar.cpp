@@ -153,6 +153,7 @@ void CMemoryBar::WriteByte(int address, uint8_t value) {
     if (good) shadow_[static_cast<size_t>(address)] = value;
     Show(address, value, good ? ByteState::written : ByteState::notWritten);
     grid_->RedrawRow(address / kBytesInRow);
+    if (good) OnWritten();
 }
 
 std::string CMemoryBar::TipFor(const CGridCellByte &cell) const {

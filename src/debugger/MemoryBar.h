@@ -49,6 +49,7 @@ protected:
     virtual bool ReadCell(int address, int &value) = 0;
     virtual bool WriteCell(int address, uint8_t value) = 0;
     virtual bool SupportsMarks() const = 0;
+    virtual void OnWritten() {}  // the user has changed a byte
 
     void Empty();            // for another chip
     void Rebuild(int size);  // the grid for that many addresses; 0 leaves it empty

@@ -4,7 +4,9 @@
 
 #include "app/BarIds.h"
 #include "app/IDEApp.h"
+#include "app/MainFrame.h"
 #include "app/StringIds.h"
+#include "debugger/DebugBars.h"
 #include "debugger/IndirectPointer.h"
 #include "debugger/ValueFormat.h"
 #include "project/Workspace.h"
@@ -53,6 +55,12 @@ void CRamBar::RefreshPointer() {
         SetPointer(PointerAddressOf(parts, *high, *low));
     else
         ClearPointer();
+}
+
+// Not the other bytes: what the chip makes of a value half typed must not change it under the user's hands.
+void CRamBar::OnWritten() {
+    RefreshPointer();
+    CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(*this);
 }
 
 bool CRamBar::ValidateMap(std::vector<uint8_t> &map) {

@@ -15,6 +15,7 @@ protected:
     bool ReadCell(int address, int &value) override;
     bool WriteCell(int address, uint8_t value) override;
     bool SupportsMarks() const override { return true; }
+    void OnWritten() override;
 
 private:
     void RefreshRam(bool force);

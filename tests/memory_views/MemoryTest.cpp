@@ -87,7 +87,6 @@ TEST_F(MemoryProgram, BytesAreTypedOverInBothWays) {
 TEST_F(MemoryProgram, TheIndirectPointerIsMarked) {
     DebugWithBars();
     Type(Ram(), CMemoryBar::HexPlace(kFsr), "20");
-    Ram().Refresh();
     EXPECT_TRUE(Hex(Ram(), 0x20).IsPointed());
     program.App().debugger.SetValue("$STATUS", 0x80);
     Ram().Refresh();
