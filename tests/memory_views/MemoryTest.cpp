@@ -14,28 +14,17 @@ constexpr int kTimer0 = 1, kFsr = 4, kPortB = 6, kFree = 0x30;
 
 TEST_F(MemoryProgram, EachByteIsTheEnginesAndShowsWhatAStepHasChanged) {
     DebugWithBars();
-    const CGridCtrl &grid = Ram().Grid();
-    ASSERT_EQ(grid.RowCount(), 64);
     EXPECT_EQ(Eeprom().Grid().RowCount(), 16);
     EXPECT_EQ(Texts(Eeprom(), 0), "00.");
-    int changes = 0;
-    for (int step = 0; step < 12; ++step) {
-        std::vector<std::string> before;
-        for (int address = 0; address < 512; ++address) before.push_back(Hex(Ram(), address).Text());
-        Do(ID_DEBUG_STEP_INTO);
-        for (int address = 0; address < 512; ++address) {
-            const CGridCellByte &cell = Hex(Ram(), address);
-            if (cell.IsAbsent()) {
-                EXPECT_EQ(Texts(Ram(), address), "---") << address;
-                continue;
-            }
-            ASSERT_EQ(cell.Value(), Engine(address)) << address;
-            const bool changed = cell.Text() != before[static_cast<size_t>(address)];
-            ASSERT_EQ(cell.State(), changed ? ByteState::changed : ByteState::same) << address;
-            changes += changed;
-        }
-    }
-    EXPECT_GT(changes, 20);  // the program counter alone is at four places
+    StepAndCompare(64, 12, 20);  // the program counter alone is at four places
+}
+
+TEST_F(MemoryProgram, ALargeChipShowsAllItsMemoryAndItsWidePointer) {
+    DebugWithBars("greeting");
+    StepAndCompare(512, 4, 4);
+    Type(Ram(), CMemoryBar::HexPlace(0xFEA), "01");
+    Type(Ram(), CMemoryBar::HexPlace(0xFE9), "34");
+    EXPECT_EQ(Ram().PointerAddress(), 0x134);
 }
 
 TEST_F(MemoryProgram, BytesAreTypedOverInBothWays) {
