@@ -139,3 +139,20 @@ TEST(CSimChip, RunsToAStopAndShowsTheStackThere) {
     chip->PowerOnReset();
     EXPECT_EQ(chip->Cycles(), 0u);
 }
+
+TEST(CSimChip, PulsesAtTheSecondCaptureOfPic18) {
+    const auto chip = MakeChipOf("PIC18F452",
+                                 "  org 0\n  movlw 0x1f\n  movwf PR2\n  movlw 0x08\n  movwf CCPR2L\n  bcf TRISC, 1\n"
+                                 "  movlw 0x04\n  movwf T2CON\n  movlw 0x0c\n  movwf CCP2CON\n  bra $");
+    ASSERT_TRUE(chip);
+    const auto pin = chip->FindPin("RC1");
+    ASSERT_TRUE(pin);
+    int high = 0;
+    chip->RunTo({}, 1000);
+    const uint64_t begin = chip->Cycles();
+    while (chip->Cycles() - begin < 3200) {
+        chip->Step();
+        high += chip->PinVoltage(*pin) > 2.5 ? 2 : 0;  // cycles
+    }
+    EXPECT_NEAR(high, 800, 20);
+}

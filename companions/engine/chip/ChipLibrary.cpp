@@ -88,6 +88,21 @@ void RepeatBanks(pic_processor &cpu) {
     cpu.register_bank = cpu.registers;
 }
 
+// The library leaves the second capture/compare of the older PIC18 without its registers, and reaches for them at the
+// first pulse.
+void JoinCapture2(_16bit_processor &cpu) {
+    struct Opened : CCPCON {
+        static bool IsJoined(const CCPCON &module) { return module.*(&Opened::ccprl) != nullptr; }
+    };
+    constexpr unsigned int kCcp2con = 0xfba, kPin = 1;  // of port C
+    if (cpu.registers[kCcp2con] != &cpu.ccp2con || Opened::IsJoined(cpu.ccp2con)) return;
+    cpu.ccp2con.setCrosslinks(&cpu.ccpr2l, cpu.pir2, PIR2v2::CCP2IF, &cpu.tmr2);
+    cpu.ccp2con.setIOpin(&(*cpu.m_portc)[kPin]);
+    cpu.ccpr2l.ccprh = &cpu.ccpr2h;
+    cpu.ccpr2h.ccprl = &cpu.ccpr2l;
+    cpu.ccpr2l.assign_tmr(&cpu.tmr1l);
+}
+
 }  // namespace
 
 CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
@@ -97,7 +112,10 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
       timerHigh(pic18 ? &static_cast<_16bit_processor &>(chip).tmr0h : nullptr),
       resetListener(*new CResetListener),  // the library deletes it when it is removed
       pins(chip, seenStackFlags) {
-    if (isPic18) RepeatBanks(cpu);
+    if (isPic18) {
+        RepeatBanks(cpu);
+        JoinCapture2(static_cast<_16bit_processor &>(cpu));
+    }
     gi.add_interface(&resetListener);
     cpu.setBreakOnReset(true);
     if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {
