@@ -62,6 +62,19 @@ TEST(RealChip, TenRunsInOneProcessStepAndGoBack) {
     EXPECT_EQ(CountBelongings(), before);
 }
 
+TEST(RealChip, TellsOfAProgramThatResetsForEver) {
+    const CDebugger debugger(PROGRAM_DIR);
+    const CLinkedProgram program({"18f4520", "#include <p18f4520.inc>\nx code 0\n nop\n reset\n end\n"});
+    CDebugRun run(debugger, true, "18f4520", program.ImageName());
+    ASSERT_EQ(debugger.Command("DbgRun"), kDbgOk);
+    EXPECT_TRUE(WaitUntil([&] { return debugger.Clk() > 5000; }));
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(run.Do("DbgStop").reason, kDbgStopped);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(500));
+    ASSERT_EQ(run.Texts().size(), 1u);
+    EXPECT_NE(run.Texts()[0].find("0x0002"), std::string::npos) << run.Texts()[0];
+}
+
 // Whatever a linker never left: it isn't loaded, and words say why, or it runs as any program does.
 TEST(RealChip, RunsDamagedPrograms) {
     const CDebugger debugger(PROGRAM_DIR);
