@@ -72,7 +72,6 @@ CIDEApp::CIDEApp(std::string commandLine) : commandLine_(std::move(commandLine))
 }
 
 CIDEApp::~CIDEApp() {
-    debugger.DLLCleanup();  // its thread uses the session and the frame
     redirect.Stop();
     workspace.reset();
     FreeToolsuites();
@@ -109,6 +108,8 @@ bool CIDEApp::InitInstance() {
 }
 
 int CIDEApp::ExitInstance() {
+    session.EndAtOnce();
+    debugger.DLLCleanup();  // its thread uses the session and the frame
     WriteUserInt("Settings", "ChildDispMode", childDisplayMode);
     CloseAllDocuments();
     mainWnd_ = nullptr;
@@ -255,7 +256,7 @@ void CIDEApp::ReplayCommand(int twinId, const std::function<void()> &twin) {
     ReplayAfterStop({[this] { return session.IsOpen(); }, [this] { return session.IsRunning(); },
                      [this](DeferredCommand command) { session.StopFor(command); },
                      [this] { return frame_->AskUser(LoadText(IDS_STOP_DEBUGGING)) == IDYES; },
-                     [this] { session.End(); }},
+                     [this] { session.EndAtOnce(); }},
                     twinId, twin);
 }
 

@@ -52,9 +52,9 @@ bool CMainFrame::CloseFrame() {
     CIDEApp &app = CIDEApp::Get();
     closing_ = true;
     const std::string project = app.GetActiveProjectPath();
-    app.session.End();
-    if (app.session.IsOpen()) {  // it ends when its target has stopped
-        closesBehindRun_ = true;
+    closesBehindRun_ = app.session.End() && app.session.IsOpen();
+    if (app.session.IsOpen()) {  // it ends, and the frame closes, when its target has stopped
+        closing_ = closesBehindRun_;
         return false;
     }
     if (app.workspace) app.workspace->Save();

@@ -35,19 +35,21 @@ constexpr int kStandardNames[CBuildDriver::kStandardSteps] = {IDS_STEP_FIRST, ID
 void CBuildDriver::MapCommands() {
     const auto canBuild = [this](CCmdUI &ui) { ui.Enable(CanBuild()); };
     const auto canBuildAll = [this](CCmdUI &ui) { ui.Enable(CanBuildAll()); };
+    // The buttons end a debug run first.
+    const auto canEnd = [this](CCmdUI &ui) { ui.Enable(IsIdle() && WorkspaceOrNone().GetActiveProject()); };
     const auto canStop = [this](CCmdUI &ui) { ui.Enable(!IsIdle()); };
 
     const auto map = [this](int id, const std::function<void()> &build, const auto &update) {
         OnCommand(id, [this, id, build] { RunWithoutSession(id, build); }, update);
     };
     map(ID_BUILD, [this] { BuildActive(BuildArguments(), false); }, canBuild);
-    for (const int rebuild : {ID_REBUILD, ID_REBUILD_BUTTON})
-        map(rebuild, [this] { BuildActive(kRebuild, false); }, canBuild);
+    map(ID_REBUILD, [this] { BuildActive(kRebuild, false); }, canBuild);
+    map(ID_REBUILD_BUTTON, [this] { BuildActive(kRebuild, false); }, canEnd);
     map(ID_CLEAN, [this] { BuildActive(kClean, true); }, canBuild);
 
     map(ID_BUILD_ALL, [this] { BuildAll(BuildArguments(), false); }, canBuildAll);
-    for (const int rebuild : {ID_REBUILD_ALL, ID_REBUILD_ALL_BUTTON})
-        map(rebuild, [this] { BuildAll(kRebuild, false); }, canBuildAll);
+    map(ID_REBUILD_ALL, [this] { BuildAll(kRebuild, false); }, canBuildAll);
+    map(ID_REBUILD_ALL_BUTTON, [this] { BuildAll(kRebuild, false); }, canEnd);
     map(ID_CLEAN_ALL, [this] { BuildAll(kClean, true); }, canBuildAll);
 
     OnCommandRange(

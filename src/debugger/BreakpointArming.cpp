@@ -34,12 +34,14 @@ void DropWithoutCode(CMarker &marker) {
 }
 
 // The code line has a breakpoint of its own already: the two are one from now on.
-void Join(CMarker &marker, const CMarker &there) {
+void Join(CMarker &marker, CMarker &there) {
     CBreakpointList &list = List();
     if (&marker == list.runToCursorMarker)
         Tell(LoadText(IDS_RUN_TO_CURSOR_MOVED));
-    else if (&there == list.runToCursorMarker)
+    else if (&there == list.runToCursorMarker) {
         list.runToCursorMarker = nullptr;  // the line is the user's now: its breakpoint outlives the run to it
+        there.props = std::move(marker.props);
+    }
     DropBreakpoint(marker);
 }
 
@@ -47,7 +49,7 @@ void Join(CMarker &marker, const CMarker &there) {
 bool Slide(CMarker &marker, int codeLine) {
     CBreakpointList &list = List();
     const std::string file = marker.File();
-    if (const CMarker *there = list.Find(file, codeLine)) {
+    if (CMarker *there = list.Find(file, codeLine)) {
         Join(marker, *there);
         return true;
     }

@@ -136,7 +136,8 @@ void CBreakpointPropertiesDlg::Show() {
     count_->setText(ToQString(known ? LoadText(IDS_BREAKPOINT_HIT_COUNT, {std::to_string(props_.hitCount)})
                                     : LoadText(IDS_BREAKPOINT_NO_COUNT)));
     reset_->setEnabled(known);
-    ok_->setEnabled(!condition || !condition_->text().trimmed().isEmpty());
+    const std::string text = FromQString(condition_->text().trimmed());
+    ok_->setEnabled(!condition || (!text.empty() && text.size() <= kLongestCondition));
 }
 
 CBreakpointProps CBreakpointPropertiesDlg::Edited() const {

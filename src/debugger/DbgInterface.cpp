@@ -49,12 +49,6 @@ void PrintInitFailure(const std::string &target, const std::string &words) {
     app.AddOutputLine("");
 }
 
-// A name for the engine, resolved from the active project's directory.
-std::string NameForEngine(const std::string &file) {
-    const ProjectDirScope scope(CIDEApp::Get().GetActiveProjectPath());
-    return EngineFileName(file);
-}
-
 }  // namespace
 
 CDbgInterface::CDbgInterface() = default;
@@ -85,7 +79,11 @@ bool CDbgInterface::Begin(const std::string &target, const std::string &image) {
         app.AddOutputLine(LoadText(IDS_DEBUG_NO_ENGINE));
         return false;
     }
-    thread_ = std::thread([proc, param] { reinterpret_cast<void (*)(void *)>(proc)(param); });
+    if (!StartThread(proc, param)) {
+        DLLCleanup();
+        app.AddOutputLine(LoadText(IDS_DEBUG_NO_ENGINE));
+        return false;
+    }
 
     const ProjectDirScope scope(app.GetActiveProjectPath());
     if (Call(&EngineCalls::DbgLoadFile, image.c_str()) != kDbgOk) {
@@ -104,6 +102,13 @@ bool CDbgInterface::Begin(const std::string &target, const std::string &image) {
     return true;
 }
 
+bool CDbgInterface::StartThread(void *proc, void *param) try {
+    thread_ = std::thread([proc, param] { reinterpret_cast<void (*)(void *)>(proc)(param); });
+    return true;
+} catch (const std::system_error &) {
+    return false;
+}
+
 bool CDbgInterface::SetUpRun() {
     const bool good =
         Call(&EngineCalls::DbgSetExecutionChangeCallback, &CDbgInterface::OnExecution, static_cast<void *>(this)) == kDbgOk &&
@@ -115,6 +120,7 @@ bool CDbgInterface::SetUpRun() {
         StartPlugins();
     }
     if (good && Call(&EngineCalls::DbgReset) == kDbgOk) return true;
+    if (good) StopPlugins();
     DLLCleanup();
     return false;
 }
@@ -206,7 +212,8 @@ bool CDbgInterface::RegNameToAddr(const std::string &name, uint16_t &address) co
 // --- Places ---
 
 bool CDbgInterface::SetBreakpoint(const std::string &file, int line, int &id) {
-    return Call(&EngineCalls::DbgSetBreakpointByLine, NameForEngine(file).c_str(), line + 1, &id) == kDbgOk;
+    const ProjectDirScope scope(CIDEApp::Get().GetActiveProjectPath());
+    return Call(&EngineCalls::DbgSetBreakpointByLine, EngineFileName(file).c_str(), line + 1, &id) == kDbgOk;
 }
 
 bool CDbgInterface::SetBreakpointConditions(int id, const std::string &condition, int conditionType, int hitValue,
@@ -216,7 +223,8 @@ bool CDbgInterface::SetBreakpointConditions(int id, const std::string &condition
 }
 
 bool CDbgInterface::PosToAddr(const std::string &file, int line, int &address, int &codeLine) const {
-    if (Call(&EngineCalls::DbgPosToAddr, NameForEngine(file).c_str(), line + 1, &address, &codeLine) != kDbgOk)
+    const ProjectDirScope scope(CIDEApp::Get().GetActiveProjectPath());
+    if (Call(&EngineCalls::DbgPosToAddr, EngineFileName(file).c_str(), line + 1, &address, &codeLine) != kDbgOk)
         return false;
     if (codeLine != -1) --codeLine;
     return true;

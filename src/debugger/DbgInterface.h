@@ -28,7 +28,7 @@ public:
     // there is no run.
     bool Init(const std::string &image);
     bool Run();        // snapshot of the plug-ins, then lets the target run
-    bool EndCallbacks();  // the clock and instruction callbacks end, then the engine; false: the engine refused one
+    bool EndCallbacks();  // those of clock and instructions; false: the engine refused
     void DLLCleanup();    // ends the engine and waits for its thread; nothing without one
 
     // The value of `name` as text, in value format `format` (see ValueFormat.h). A name that only the variable table
@@ -68,6 +68,7 @@ public:
 
 private:
     bool Begin(const std::string &target, const std::string &image);
+    bool StartThread(void *proc, void *param);  // false when the system gives none
     bool SetUpRun();
     void FillVariables(const std::string &image);
 

@@ -16,7 +16,7 @@ void Refresh(std::initializer_list<CDebugBar *> bars) {
 
 void DebugBars::BeginRun() {
     onView_ = false;
-    for (CDebugBar *bar : {registers, ram, eeprom, watch, stack, profile}) bar->BeginRun();
+    for (CDebugBar *bar : {registers, ram, eeprom, watch, stack}) bar->BeginRun();
 }
 
 void DebugBars::BlankValues() {

@@ -1,4 +1,4 @@
-// The six bars that show the target's state, as a run treats them.
+// The bars that show the target's state, but for the listing, as a run treats them.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@ struct DebugBars {
     CDebugBar *registers = nullptr, *stack = nullptr, *ram = nullptr, *eeprom = nullptr, *watch = nullptr;
     CDebugBar *profile = nullptr;
 
-    void BeginRun();            // their content is made for the target of a run that starts
+    void BeginRun();            // all but the profile: their content is made for the target of a run that starts
     void BlankValues();
     void RefreshShown();        // at a stop
     void RefreshShownValues();  // while the target runs: all but the profile, which has its own pace

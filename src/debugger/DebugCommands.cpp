@@ -17,7 +17,7 @@ bool AreInstructionsStepped() {
            QApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
 }
 
-void EnableStanding(CCmdUI &ui) { ui.Enable(Session().IsOpen() && !Session().IsRunning()); }
+void EnableStanding(CCmdUI &ui) { ui.Enable(Session().IsStanding()); }
 
 }  // namespace
 
@@ -41,8 +41,8 @@ CDebugCommands::CDebugCommands() {
 
 bool CDebugCommands::CanRunOn() {
     const CIDEApp &app = CIDEApp::Get();
-    return app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() && !app.session.IsRunning() &&
-           (app.session.IsOpen() || (app.build.IsIdle() && !app.GetActiveProjectPath().empty()));
+    return app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() &&
+           (app.session.IsStanding() || (!app.session.IsOpen() && app.build.IsIdle() && !app.GetActiveProjectPath().empty()));
 }
 
 bool CDebugCommands::Continue() {

@@ -19,9 +19,9 @@ void CDebugNotices::OnExecution(int reason, const char *file, int line, const ch
             return TellStop(reason, file, line);
         case kDbgPlace: {
             const std::lock_guard guard(stopping_);
+            if (session_.OnTargetStands()) return;
             stops_.push_back({reason, FullName(file), line});
             frame_.Post(kMsgTargetStopped);
-            session_.OnTargetStands();
             return;
         }
         case kDbgNoteSleep:

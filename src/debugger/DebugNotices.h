@@ -29,6 +29,8 @@ public:
     void OnClock(int passed, int clk);
     void OnInstruction(int address, int clk);
 
+    const CMessagePort &Frame() const { return frame_; }
+
     // Main thread. The oldest stop not yet taken; what the engine's thread does at that stop is over then.
     std::optional<StopRecord> TakeStop();
     bool HasStop() const;

@@ -1,5 +1,8 @@
 #include "debugger/DebugSession.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
@@ -32,7 +35,7 @@ void TellRefusal(const char *word) { CIDEApp::Get().AddOutputLine(LoadText(IDS_D
 // --- Commands ---
 
 bool CDebugSession::Go(const RunCommand &command) {
-    if (!open_ || running_) return false;
+    if (!IsStanding()) return false;
     if (command.keepsStates) KeepPluginStates();
     running_ = true;
     if (Debugger().Call(command.entry) != kDbgOk) {
@@ -44,16 +47,27 @@ bool CDebugSession::Go(const RunCommand &command) {
     return true;
 }
 
-void CDebugSession::Stop() {
-    if (!open_ || !running_) return;
-    if (Debugger().Call(&EngineCalls::DbgStop) == kDbgOk) {
-        if (running_) EnterRunning(kStopInterval);
-        return;
+// The target may come to a stop by itself meanwhile, on the engine's thread.
+bool CDebugSession::Stop() {
+    if (!open_) return false;
+    bool good = true;
+    if (running_) {
+        good = Debugger().Call(&EngineCalls::DbgStop) == kDbgOk;
+        if (good && running_) EnterRunning(kStopInterval);
     }
-    // It may have come to a stop by itself meanwhile.
-    if (running_) TellRefusal("Stop");
     const std::lock_guard guard(deferring_);
-    if (!running_) PostDeferred();
+    if (!running_) {
+        PostDeferred();
+        return true;
+    }
+    good = good || Debugger().Notices()->HasStop();
+    if (!good) TellRefusal("Stop");
+    return good;
+}
+
+bool CDebugSession::IsStanding() const {
+    const CDebugNotices *const notices = Debugger().Notices();
+    return open_ && !running_ && startMode_ == StartMode::started && !(notices && notices->HasStop());
 }
 
 void CDebugSession::Defer(const DeferredCommand &command) {
@@ -67,16 +81,16 @@ void CDebugSession::StopFor(const DeferredCommand &command) {
     Stop();
 }
 
-void CDebugSession::OnTargetStands() {
+bool CDebugSession::OnTargetStands() {
     const std::lock_guard guard(deferring_);
     running_ = false;
-    PostDeferred();
+    return PostDeferred();
 }
 
-// With `deferring_` held.
-void CDebugSession::PostDeferred() {
+bool CDebugSession::PostDeferred() {
     const DeferredCommand command = std::exchange(deferred_, {});
-    if (command.message) Frame().PostMessage(command.message, command.id, command.parameter);
+    if (command.message) Debugger().Notices()->Frame().Post(command.message, command.id, command.parameter);
+    return command.message != 0;
 }
 
 void CDebugSession::ToggleProfiling() {
@@ -125,6 +139,7 @@ void CDebugSession::OnStop(const StopRecord &record) {
 }
 
 bool CDebugSession::RunOn() {
+    if (running_) return true;
     running_ = true;
     if (!Debugger().Run()) {
         running_ = false;
@@ -149,13 +164,19 @@ bool CDebugSession::RunToMain() {
         mainBreakpointId_ = -1;
         return false;
     }
-    const auto isMain = [this](const CMarker &marker) { return marker.id == mainBreakpointId_; };
-    if (std::ranges::any_of(app.breakpoints.Markers(), isMain)) mainBreakpointId_ = -1;  // the user's own stays
+    LeaveUsersBreakpoint();
     RunOn();
     return true;
 }
 
+// One of the user's at main stays.
+void CDebugSession::LeaveUsersBreakpoint() {
+    const auto isMain = [this](const CMarker &marker) { return marker.id == mainBreakpointId_; };
+    if (std::ranges::any_of(CIDEApp::Get().breakpoints.Markers(), isMain)) mainBreakpointId_ = -1;
+}
+
 void CDebugSession::DropMainBreakpoint() {
+    LeaveUsersBreakpoint();
     const int id = std::exchange(mainBreakpointId_, -1);
     if (id == -1 || Debugger().Call(&EngineCalls::DbgDeleteBreakpoint, id) == kDbgOk) return;
     CIDEApp::Get().AddOutputLine(LoadText(IDS_MAIN_NOT_DELETED));
@@ -167,6 +188,7 @@ void CDebugSession::ShowStop(const StopRecord &record) {
     CListBar &listBar = Frame().ListBar();
     if (!record.file.empty()) {
         OpenSourceAtLine(record.file, record.line, true);
+        if (!open_) return;  // a question on the way may have let its end in
     } else {
         if (!listBar.IsShowing()) app.AddOutputLine(LoadText(IDS_DEBUG_NO_SOURCE));
         RemoveExecutionMarks();
@@ -198,8 +220,10 @@ void CDebugSession::RefreshWhileRunning() {
     std::string text, file;
     int line = 0;
     if (!app.debugger.Evaluate("$pc", text, 0, nullptr)) return;
-    if (app.debugger.AddrToPos(static_cast<int>(std::strtol(text.c_str(), nullptr, 10)), file, line))
-        OpenSourceAtLine(file, line, true);
+    if (!app.debugger.AddrToPos(static_cast<int>(std::strtol(text.c_str(), nullptr, 10)), file, line)) return;
+    const QPointer<QWidget> focus = QApplication::focusWidget();
+    OpenSourceAtLine(file, line, true);
+    if (focus && focus != QApplication::focusWidget()) focus->setFocus();  // nobody loses what he is typing
 }
 
 void CDebugSession::OnTargetText(const std::string &text) {

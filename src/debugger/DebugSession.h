@@ -32,21 +32,24 @@ class CDebugSession {
 public:
     bool IsOpen() const { return open_; }        // a run exists (`debugging`)
     bool IsRunning() const { return running_; }  // its target runs; any thread
+    bool IsStanding() const;                     // it stands, and the user sees where
+    bool IsEnding() const { return ending_; }
     CRunClock &Clock() { return clock_; }
     unsigned StopCount() const { return stops_; }  // stops that were shown, over all runs
 
     // Starts a run of the active project. False, with the reason in the build list and all as it was, without one.
     bool Start(StartMode mode);
     bool Go(const RunCommand &command);  // false, with a line in the build list, when the engine refuses
-    void Stop();                         // asks a running target to stop
+    bool Stop();                         // asks a running target to stop; false when the engine refuses
 
-    // Ends the run: at once when the target stands, else behind the stop that it asks for.
-    void End();
+    // Ends the run: at once when the target stands, else behind the stop that it asks for. False when it won't stop.
+    bool End();
     void EndAtOnce();  // also of a target that runs
 
     void Defer(const DeferredCommand &command);
     void StopFor(const DeferredCommand &command);  // stops a running target and posts the command behind the stop
-    void OnTargetStands();  // the engine's thread, behind the notice: the target counts as standing
+    // The engine's thread, behind the notice: the target counts as standing. True when a command had waited for that.
+    bool OnTargetStands();
 
     // Messages and the timer of the frame.
     void OnTargetStopped();
@@ -78,6 +81,7 @@ private:
     void OnStop(const StopRecord &record);
     bool RunOn();
     bool RunToMain();
+    void LeaveUsersBreakpoint();
     void DropMainBreakpoint();
     void ShowStop(const StopRecord &record);
     void EnterRunning(int interval);
@@ -85,7 +89,7 @@ private:
 
     void Finish();
     void RestoreViews();
-    void PostDeferred();
+    bool PostDeferred();  // with `deferring_` held; true when there was one
 
     bool open_ = false;
     bool ending_ = false;

@@ -10,6 +10,7 @@
 #include "app/Settings.h"
 #include "app/StringIds.h"
 #include "debugger/BreakpointArming.h"
+#include "debugger/DebugBar.h"
 #include "debugger/DebugBars.h"
 #include "debugger/DebugNotices.h"
 #include "debugger/DebugSession.h"
@@ -70,8 +71,11 @@ bool CDebugSession::StartEngine(CProject &project) {
     firstPosition_ = true;
     debugFromMain_ = GetProjectInt("Debugger", "DebugFromMain", 1) != 0;
     open_ = CIDEApp::Get().debugger.Init(ImageOf(project));
-    if (!open_) firstPosition_ = false;
-    return open_;
+    if (open_) return true;
+    firstPosition_ = false;
+    startMode_ = StartMode::started;
+    Frame().FocusActiveView();
+    return false;
 }
 
 // The engine gets a moment to come to its first stop before it is asked for places.
@@ -86,6 +90,7 @@ void CDebugSession::PrepareViews() {
     DebugBars &bars = frame.DebugBars();
     bars.BeginRun();
     CIDEApp::Get().watchpoints.Load();
+    bars.profile->BeginRun();
     profiling_ = GetProjectInt(kSection, "Profiling", 0) != 0;
     snapshot_ = GetProjectInt(kSection, "Snapshot", 0) != 0;
     bars.BlankValues();
@@ -97,14 +102,14 @@ void CDebugSession::PrepareViews() {
     frame.PostMessage(kMsgPluginsMoved);
 }
 
-void CDebugSession::End() {
-    if (!open_) return;
+bool CDebugSession::End() {
+    if (!open_) return true;
     if (running_) {
         Defer({kCommandMessage, ID_DEBUG_END, 0});
-        Stop();
-        return;
+        return Stop();
     }
     Finish();
+    return true;
 }
 
 void CDebugSession::EndAtOnce() {
@@ -135,5 +140,6 @@ void CDebugSession::Finish() {
     frame.LeaveDebugLayout();
     running_ = false;
     open_ = ending_ = firstPosition_ = false;
+    startMode_ = StartMode::started;
     frame.OnRunEnded();
 }

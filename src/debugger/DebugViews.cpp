@@ -7,11 +7,10 @@
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
 #include "editor/ListingView.h"
+#include "editor/ViewSetup.h"
 #include "framework/MDIChildWnd.h"
 
 namespace {
-
-constexpr int kExecutionMark = 0;
 
 template <typename Act>
 void ForEachSource(Act act) {
@@ -39,12 +38,12 @@ void UnlockViews() {
 }
 
 void RemoveExecutionMarksFromSources() {
-    ForEachView([](const CIDEView &view) { view.Send(SCI_MARKERDELETEALL, kExecutionMark); });
+    ForEachView([](const CIDEView &view) { view.Send(SCI_MARKERDELETEALL, kMarkerExecution); });
 }
 
 void RemoveExecutionMarks() {
     RemoveExecutionMarksFromSources();
-    Listing().Send(SCI_MARKERDELETEALL, kExecutionMark);
+    Listing().Send(SCI_MARKERDELETEALL, kMarkerExecution);
 }
 
 void ShowAsRunning() {

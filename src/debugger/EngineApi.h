@@ -72,10 +72,6 @@ using DbgSetInstCallBackFn = int(DbgInstFn *fn, void *user);
 using DbgRemoveInstCallBackFn = int(DbgInstFn *fn, void *user);
 using DbgPerformanceProfileFn = int(int on);
 
-// The chip's oscillator in Hz, from the load on and while the target runs too; sets the length of what the chip times by
-// itself, such as the watchdog.
-using DbgSetClkRateFn = int(int hertz);
-
 // Accepted (0) or refused; the stop comes as a callback: DbgReset, DbgPowerOnReset, DbgRun, DbgStop, DbgStepInto,
 // DbgStepIntoInstr, DbgStepOver, DbgStepOverInstr, DbgStepOut, DbgStepBack. All but DbgStop are refused while the target
 // runs, and DbgStop while it doesn't. The target runs until the stop is told.

@@ -1,6 +1,7 @@
 // The pop-up menu of the code view.
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -75,7 +76,9 @@ void CIDEView::contextMenuEvent(QContextMenuEvent *event) {
         menu->addSeparator();
         menu->addMenu(functions.get());
     }
+    const QPointer<CIDEView> self = this;  // a command that has waited may close it under the menu
     if (!menu->isEmpty()) menu->exec(at);
+    if (!self) return;
     menuSymbol_.reset();
     watchText_.clear();
     contextLine = -1;
@@ -85,7 +88,7 @@ std::unique_ptr<QMenu> CIDEView::MakeFunctionMenu() {
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     const std::vector<CFunctionData> &functions = GetIDEDoc()->functions;
     if (functions.empty()) return nullptr;
-    auto menu = std::make_unique<QMenu>(ToQString(LoadText(IDS_MENU_FUNCTIONS)), this);
+    auto menu = std::make_unique<QMenu>(ToQString(LoadText(IDS_MENU_FUNCTIONS)));
     for (size_t i = 0; i < std::min(functions.size(), kMostFunctions); ++i) {
         const int command = ID_FUNCTIONS + static_cast<int>(i);
         menu->addAction(frame->MakeCommandAction(command, EntryText(functions[i].name), menu.get()));

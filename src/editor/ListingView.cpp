@@ -101,7 +101,7 @@ void CListingView::LoadListing(bool onlyIfEmpty) {
     if (!oldPath.empty() && path != oldPath) Send(SCI_MARKERDELETEALL, static_cast<uintptr_t>(-1));
     if (path.empty() || !FileExists(path)) {
         ClearListing();
-    } else if (!onlyIfEmpty || noListing_) {
+    } else if (!onlyIfEmpty || noListing_ || path != oldPath) {
         BuildAddressTable();
     }
 }

@@ -68,8 +68,8 @@ CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
         if (!IsForEditor(full) && ShellOpen(full)) return nullptr;
         document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(full, true));
     }
-    if (!document) return nullptr;
     if (mark) RemoveExecutionMarksFromSources();
+    if (!document) return nullptr;
     const intptr_t last = document->GetFirstCodeView() ? document->GetFirstCodeView()->Send(SCI_GETLINECOUNT) - 1 : 0;
     for (CIDEView *view : document->GetCodeViews())
         ShowLine(*view, std::clamp<intptr_t>(line - 1, 0, std::max<intptr_t>(last, 0)), mark);

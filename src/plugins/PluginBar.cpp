@@ -13,7 +13,10 @@ namespace {
 
 constexpr std::chrono::milliseconds kHidingDelay{80};
 
-bool IsDebugging() { return CIDEApp::Get().session.IsOpen(); }
+bool IsDebugging() {
+    const CDebugSession &session = CIDEApp::Get().session;
+    return session.IsOpen() && !session.IsEnding();
+}
 
 }  // namespace
 

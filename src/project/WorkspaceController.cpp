@@ -69,6 +69,7 @@ bool CWorkspaceController::OpenWorkspace(const char *path, bool multiple) {
     CIDEApp &app = CIDEApp::Get();
     const std::string file = AbsolutePath(path);
     if (!app.SaveAllDocuments(false)) return false;
+    app.session.EndAtOnce();
     boost::shared_ptr<CWorkspace> &workspace = CurrentWorkspace();
     if (workspace) {
         StoreProjectState(ActiveProjectPath());
@@ -175,6 +176,7 @@ bool CWorkspaceController::CreateProject(const std::string &path) {
 bool CWorkspaceController::CreateProjectInto(const std::string &path, const std::string &compiler) {
     const boost::shared_ptr<CWorkspace> workspace = CurrentWorkspace();
     if (!workspace) return false;
+    CIDEApp::Get().session.EndAtOnce();
     StoreProjectState(ActiveProjectPath());
     if (!AddNewProject(*workspace, path, &Frame(), compiler)) return false;
     ShowWorkspace();
@@ -357,7 +359,12 @@ void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {
     if (!project) return;
     const std::string file = project->GetFullPath();
     const bool wasActive = project == workspace->GetActiveProject();
-    if (wasActive) StoreProjectState(file);
+    if (wasActive) {
+        CDebugSession &session = CIDEApp::Get().session;
+        if (session.IsOpen() && Frame().AskUser(LoadText(IDS_STOP_DEBUGGING)) != IDYES) return;
+        session.EndAtOnce();
+        StoreProjectState(file);
+    }
     project->Save();
     workspace->RemoveProject(name);
     if (wasActive) {

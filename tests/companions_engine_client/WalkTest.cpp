@@ -43,7 +43,9 @@ TEST(Walks, OverEepromEndWithItFromEitherBase) {
             uint8_t byte = 0;
             const int answer = debugger.Call<DbgEepromValFn>("DbgGetEepromVal", base + address, 1, &byte);
             ASSERT_EQ(answer == kDbgOk, address < 64) << address;
-            if (address < 64) ASSERT_EQ(byte, address == 40 ? 7 : address == 41 ? 9 : 0xFF) << address;
+            if (address < 64) {
+                ASSERT_EQ(byte, address == 40 ? 7 : address == 41 ? 9 : 0xFF) << address;
+            }
         }
     }
 }

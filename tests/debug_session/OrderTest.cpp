@@ -216,7 +216,7 @@ TEST_F(RecordedProgram, CommandsWaitForTheStop) {
     EXPECT_FALSE(Session().IsOpen());
 
     runOn();
-    program->App().build.OnCmdMsg(ID_BUILD, nullptr);
+    program->Command(ID_REBUILD_BUTTON);
     EXPECT_EQ(TakeCalls(), (Calls{"DbgPerformanceProfile 0", "DbgStop"}));
     EXPECT_TRUE(program->App().build.IsIdle());
     TellStop(kDbgStopped, 30);
