@@ -70,7 +70,7 @@ TEST_F(BreakpointsInARun, SlideToCodeAndBecomeOneAtTheStart) {
     EXPECT_EQ(Listed("blink/timer.asm"), std::to_string(LineOf("timer.asm", "movwf   saved_w")) + " ");
     EXPECT_EQ(Listed("blink/other.asm"), "");
     for (const CMarker &marker : List().Markers()) EXPECT_NE(marker.id, 0) << marker.File() << marker.line;
-    EXPECT_TRUE(Told("Breakpoints have moved")) << program.BuildText();
+    EXPECT_TRUE(Told("breakpoints have moved")) << program.BuildText();
     EXPECT_TRUE(Told("main.asm, line " + std::to_string(MainLine("end") + 1) + ", nor behind it"));
     EXPECT_TRUE(Told("other.asm, line 4, nor behind it"));
     EXPECT_TRUE(Told("refuses the condition of the breakpoint in " + scratch.Native("blink/main.asm") + ", line " +
