@@ -185,6 +185,7 @@ constexpr TextRow kTexts[] = {
     {IDS_NO_STACK, "No call stack is available"},
     {IDS_FRAME_NO_SOURCE, "No source is known for the address %s."},
     {IDS_DEBUG_PROFILE_REFUSED, "!E: The simulator can't tell the plug-ins of each instruction."},
+    {IDS_DEBUG_IMAGE_OLD, "!W: %s is newer than the program that is debugged: the lines may not fit. Build the project."},
     {IDS_CONDITION_REFUSED, "!E: The simulator refuses the condition of the breakpoint in %s, line %d. %s"},
 
     // Keyboard macros

@@ -151,6 +151,7 @@ enum StringId : int {
     IDS_NO_STACK = 875,                   // row of the stack bar
     IDS_FRAME_NO_SOURCE = 876,            // %s the address
     IDS_DEBUG_PROFILE_REFUSED = 877,
+    IDS_DEBUG_IMAGE_OLD = 869,            // %s a source; build list
     IDS_CONDITION_REFUSED = 878,          // %s file, %d line, %s words
 
     // Keyboard macros

@@ -21,6 +21,7 @@
 #include "framework/Language.h"
 #include "navigation/OpenSource.h"
 #include "plugins/PluginRun.h"
+#include "project/SourceAge.h"
 
 namespace {
 
@@ -153,6 +154,11 @@ bool CDebugSession::RunOn() {
 // True when that is all that is to be done at this stop.
 bool CDebugSession::RunToMain() {
     CIDEApp &app = CIDEApp::Get();
+    // Sources may have changed outside, or just been saved.
+    if (const auto newest = NewestSource(); newest && app.symbols.IsOlderThan(newest->written)) {
+        app.symbols.UpdateBrowseInfo();
+        if (!open_) return true;
+    }
     const auto &functions = app.symbols.Maps().Functions;
     const auto main = functions.find("main");
     if (main == functions.end()) return false;

@@ -17,8 +17,11 @@
 #include "debugger/DebugViews.h"
 #include "editor/ListBar.h"
 #include "framework/Language.h"
+#include "platform/FileTime.h"
+#include "platform/NativePath.h"
 #include "plugins/PluginRun.h"
 #include "project/ProjectSettings.h"
+#include "project/SourceAge.h"
 #include "project/Workspace.h"
 
 namespace {
@@ -34,6 +37,13 @@ std::string ImageOf(CProject &project) {
     return image;
 }
 
+void WarnOfOldImage(const std::string &image) {
+    const auto source = NewestSource();
+    const auto built = ReadLastWriteTime(image);
+    if (source && built && source->written > *built)
+        CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_IMAGE_OLD, {DisplayPath(source->file)}));
+}
+
 }  // namespace
 
 bool CDebugSession::Start(StartMode mode) {
@@ -45,6 +55,7 @@ bool CDebugSession::Start(StartMode mode) {
     startMode_ = mode;
     mainBreakpointId_ = -1;
     if (!StartEngine(*project)) return false;
+    WarnOfOldImage(ImageOf(*project));
 
     AwaitFirstStop();
     RebuildBreakpointsFromViews();
@@ -93,6 +104,7 @@ void CDebugSession::PrepareViews() {
     bars.profile->BeginRun();
     profiling_ = GetProjectInt(kSection, "Profiling", 0) != 0;
     snapshot_ = GetProjectInt(kSection, "Snapshot", 0) != 0;
+    if (profiling_) CIDEApp::Get().debugger.GetProfileList([](const std::string &, uint32_t) {});  // it counts from now on
     bars.BlankValues();
 
     LockViews();

@@ -380,6 +380,7 @@ void CIDEView::OnFileChanged() {
     if (frame->AskUser(LoadText(IDS_FILE_CHANGED, {DisplayPath(path)}), BoxButtons::yesNo) != IDYES) return;
     if (!self) return;
     document->ReloadFromDisk();
+    CIDEApp::Get().symbols.RequestUpdate();
     CIDEApp::Get().fileTracker.TrackFile(path, true);
     Send(SCI_EMPTYUNDOBUFFER);
 }

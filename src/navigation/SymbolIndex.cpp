@@ -60,6 +60,11 @@ bool OffersEnd(std::chrono::milliseconds waited) {
     return !frame || frame->AskUser(LoadText(IDS_CTAGS_SLOW, {std::to_string(seconds)})) == IDYES;
 }
 
+int64_t Now() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
 }  // namespace
 
 CSymbolIndex::CSymbolIndex() = default;
@@ -89,6 +94,7 @@ void CSymbolIndex::UpdateNow(CMainFrame &frame) {
         frame.WorkspaceBar().ClearBrowseTree();
         return;
     }
+    readAt_ = Now();
     const ProjectDirScope scope(project);
     const std::string configuration = frame.GetProjectConfigName();
     if (configuration.empty()) return;
@@ -122,6 +128,7 @@ void CSymbolIndex::RequestUpdate() {
         finished_ = std::move(update_);  // it is still at work here, and then frees the maps of before
         if (again_) RequestUpdate();
     };
+    requestedAt_ = Now();
     update_ = std::make_unique<CBrowseUpdate>(BrowseFilesOf(project, configuration), ActiveLanguage(), finished);
 }
 
@@ -129,6 +136,7 @@ void CSymbolIndex::TakeOver(CBrowseUpdate::Outcome outcome, SymbolMaps &maps) {
     if (outcome == CBrowseUpdate::Outcome::givenUp) CIDEApp::Get().AddOutputLine(LoadText(IDS_CTAGS_ENDED));
     std::swap(maps_, maps);
     if (outcome == CBrowseUpdate::Outcome::notStarted) return;
+    readAt_ = requestedAt_;
     if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->WorkspaceBar().RebuildBrowseTree();
 }
 

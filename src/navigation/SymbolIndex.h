@@ -2,6 +2,7 @@
 // headers and in the user's extra locations.
 #pragma once
 
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <optional>
@@ -30,6 +31,7 @@ public:
     // The same behind the user's back, for what happens often: the old index serves until the new one is there.
     void RequestUpdate();
     bool IsUpdating() const { return update_ != nullptr; }
+    bool IsOlderThan(int64_t time) const { return readAt_ < time; }  // nanoseconds since 1970
 
     // Runs the tag generator on `arguments` for symbols of `kinds` and waits for its end. False when it can't start.
     bool RunCtags(const std::string &outputFile, const std::string &kinds, const std::string &arguments);
@@ -59,6 +61,7 @@ private:
     SymbolMaps maps_;
     std::unique_ptr<CBrowseUpdate> update_;  // null while none runs behind the user's back
     std::unique_ptr<CBrowseUpdate> finished_;  // the last one
+    int64_t readAt_ = 0, requestedAt_ = 0;   // when the files of the index, and of the present update, began to be read
     bool waiting_ = false;                   // for the tag generator
     bool updating_ = false;                  // while the caller waits for it
     bool ended_ = false;                     // the last run, by the user
