@@ -34,6 +34,7 @@ public:
     bool IsRunning() const { return running_; }  // its target runs; any thread
     bool IsStanding() const;                     // it stands, and the user sees where
     bool IsEnding() const { return ending_; }
+    bool IsAlive() const { return open_ && !ending_; }  // a run exists whose target can be asked
     CRunClock &Clock() { return clock_; }
     unsigned StopCount() const { return stops_; }  // stops that were shown, over all runs
 
@@ -88,7 +89,6 @@ private:
     void RefreshWhileRunning();
 
     void Finish();
-    void RestoreViews();
     bool PostDeferred();  // with `deferring_` held; true when there was one
 
     bool open_ = false;
