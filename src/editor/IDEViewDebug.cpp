@@ -51,7 +51,9 @@ bool AddBreakpoint(const std::string &file, int line) {
     CIDEApp &app = CIDEApp::Get();
     int id = 0;
     if (app.session.IsOpen() && !app.debugger.SetBreakpoint(file, line, id)) {
-        app.AddOutputLine(LoadText(IDS_BREAKPOINT_REFUSED, {DisplayPath(file), std::to_string(line + 1)}));
+        const std::string words = app.debugger.ErrorText();
+        app.AddOutputLine(LoadText(IDS_BREAKPOINT_REFUSED, {DisplayPath(file), std::to_string(line + 1)}) +
+                          (words.empty() ? "" : " " + words));
         return false;
     }
     app.breakpoints.Add(file, line, 0, id);
