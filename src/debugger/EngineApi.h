@@ -29,7 +29,7 @@ enum DbgReason : int {
     kDbgAfterStepBack = 4,
     kDbgPlace = 5,          // a run has ended at a place to show
     kDbgNoteSleep = 6,      // the chip sleeps, or is held in reset, and nothing but a pin will wake it
-    kDbgNoteStack = 7,      // its stack has run over or under
+    kDbgNoteStack = 7,      // stopped: its stack has run over or under; what begins there isn't stopped by it again
     kDbgBadMemory = 8,      // stopped: it has run off its program memory
     kDbgText = 100,         // `text` for the output list, as of the first reset by the program; null clears it
 };
@@ -59,7 +59,7 @@ using DbgDLLInitFn = int(void **proc, void **param, const char *target, DbgExecu
 using DbgDLLCleanupFn = int();
 using DbgLoadFileFn = int(const char *image);
 // Why the last of these calls has failed, in words for the user; empty when it hasn't: DbgDLLInit, DbgLoadFile, DbgSet,
-// DbgSetBreakpointByLine, DbgSetBreakpointConditions, DbgSetWatchpoint.
+// DbgSetBreakpointByLine, DbgSetBreakpointConditions, DbgSetWatchpoint, DbgStepOut, DbgStepBack.
 using DbgGetErrorTextFn = int(char *buffer, int size);
 using DbgSetExecutionChangeCallbackFn = int(DbgExecutionFn *fn, void *user);
 
@@ -106,8 +106,11 @@ using DbgEepromValFn = int(int address, int count, uint8_t *bytes);  // DbgGet..
 
 using DbgPosToAddrFn = int(const char *file, int line, int *address, int *codeLine);  // the first line from `line` on
 using DbgAddrToPosFn = int(int address, char *file, int size, int *line);
-// DbgGetFrameList, DbgGetProfileList. The profile counts instruction cycles by function; it begins with the first such
-// call of a run, which makes the target slower from then on, and anew with each reset.
+// DbgGetFrameList, DbgGetProfileList. The profile counts instruction cycles by function, from the first such call of a run
+// on, and anew with each reset. Counting makes the target slower, so it pauses, with the sums as they are, once nobody has
+// asked for about two seconds of a run, or between two stops; the next call goes on with it. All texts of a run have the
+// same functions in the same order. A count has 32 bits: when the largest needs more, all are shifted right alike, so that
+// their shares stay true.
 using DbgGetListFn = int(char *buffer, int size);
 
 using DbgSetBreakpointByLineFn = int(const char *file, int line, int *id);  // one that is there already gives its id
@@ -160,7 +163,8 @@ using DbgGetClkFn = int(int64_t *cycles);
 using DbgSimLockFn = int();  // DbgSimLock, DbgSimUnlock: hold the target between two instructions; nest
 
 // dbgpars.dll: each reads one text and calls `fn` for what it finds, with `user` as it stands. True when the whole text
-// was read; of a text that can't be read nothing is told. A count beyond an int's is told as the largest int.
+// was read; of a text that can't be read nothing is told. `count` has the bits of a uint32_t, to be cast back; a larger one in the
+// text is told as the largest.
 using DbgFrameFn = void(int address, void *user);
 using dbgFrameListFn = bool(const char *text, DbgFrameFn *fn, void *user);  // the innermost frame last
 using DbgProfileFn = void(const char *name, int count, void *user);

@@ -32,7 +32,10 @@ std::string Frames(const std::string &text) {
 std::string Profile(const std::string &text) {
     std::ostringstream told;
     const bool good = Entry<dbgProfileListFn>("dbgProfileList")(
-        text.c_str(), [](const char *name, int count, void *user) { Told(user) << name << '=' << count << ' '; },
+        text.c_str(),
+        [](const char *name, int count, void *user) {
+            Told(user) << name << '=' << static_cast<uint32_t>(count) << ' ';
+        },
         &told);
     return told.str() + (good ? "" : "refused");
 }
@@ -73,8 +76,11 @@ struct Case {
 TEST(Readers, ReadWhatIsWritten) {
     EXPECT_EQ(Frames(FrameListText({0x1F, 0, 0x1FFFFE})), "31 0 2097150 ");
     EXPECT_EQ(Frames(FrameListText({})), "");
-    EXPECT_EQ(Profile(ProfileListText({{"main", 12}, {"two words", 9000000000}, {"", 0}, {"most", ~uint64_t{0}}})),
-              "main=12 two_words=2147483647 _=0 most=2147483647 ");
+    EXPECT_EQ(Profile(ProfileListText({{"main", 12}, {"two words", 4294967295}, {"", 0}})),
+              "main=12 two_words=4294967295 _=0 ");
+    EXPECT_EQ(Profile(ProfileListText({{"main", 12}, {"half", 6000000000}, {"most", 12000000000}})),
+              "main=3 half=1500000000 most=3000000000 ");
+    EXPECT_EQ(Profile("most 4294967296\n"), "most=4294967295 ");
     EXPECT_EQ(Bits(BitNamesText({{0, "C"}, {7, "IRP"}})), "0C 7IRP ");
     EXPECT_EQ(Bits(""), "");
 

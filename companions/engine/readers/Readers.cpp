@@ -119,8 +119,9 @@ THORNWELL_EXPORT bool dbgFrameList(const char *text, DbgFrameFn *fn, void *user)
 THORNWELL_EXPORT bool dbgProfileList(const char *text, DbgProfileFn *fn, void *user) {
     std::vector<Counted> rows;
     if (!text || !fn || !ReadAll(text, '\n', ReadProfileLine, rows)) return false;
-    constexpr int64_t kMost = std::numeric_limits<int>::max();
-    for (const Counted &row : rows) fn(row.name.c_str(), static_cast<int>(std::min(row.number, kMost)), user);
+    constexpr int64_t kMost = std::numeric_limits<uint32_t>::max();
+    for (const Counted &row : rows)
+        fn(row.name.c_str(), static_cast<int>(static_cast<uint32_t>(std::min(row.number, kMost))), user);
     return true;
 }
 

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr size_t kMostShared = 35;
-constexpr size_t kCountDigits = 20;
+constexpr size_t kCountDigits = std::numeric_limits<uint32_t>::digits10 + 1;
 
 void AppendHex(std::string &text, uint32_t value) {
     char digits[8];
@@ -25,11 +25,6 @@ std::string AsWord(const std::string &name) {
     return word.empty() ? "_" : word;
 }
 
-void AppendProfileRow(std::string &text, const std::string &word, uint64_t count) {
-    constexpr uint64_t kMost = std::numeric_limits<int64_t>::max();
-    text += word + ' ' + std::to_string(std::min(count, kMost)) + '\n';
-}
-
 }  // namespace
 
 std::string FrameListText(const std::vector<uint32_t> &addresses) {
@@ -43,19 +38,25 @@ std::string FrameListText(const std::vector<uint32_t> &addresses) {
 
 std::string ProfileListText(const std::vector<ProfileRow> &rows, size_t longest) {
     constexpr size_t kBehindName = 1 + kCountDigits + 1;
-    const std::string other = "(other)";
-    std::string text;
-    size_t reserved = other.size() + kBehindName, index = 0;
-    for (; index < rows.size(); ++index) {
-        const std::string word = AsWord(rows[index].name);
+    ProfileRow other{"(other)", 0};
+    size_t reserved = other.name.size() + kBehindName;
+    std::vector<ProfileRow> shown;
+    for (const ProfileRow &row : rows) {
+        std::string word = AsWord(row.name);
         reserved += word.size() + kBehindName;
-        if (reserved > longest) break;
-        AppendProfileRow(text, word, rows[index].count);
+        if (reserved <= longest)
+            shown.push_back({std::move(word), row.count});
+        else
+            other.count += row.count;
     }
-    if (index == rows.size()) return text;
-    uint64_t rest = 0;
-    for (; index < rows.size(); ++index) rest += rows[index].count;
-    AppendProfileRow(text, other, rest);
+    if (shown.size() < rows.size()) shown.push_back(other);
+
+    uint64_t all = 0;  // the bits of the counts
+    for (const ProfileRow &row : shown) all |= row.count;
+    int shift = 0;
+    while (all >> shift > std::numeric_limits<uint32_t>::max()) ++shift;
+    std::string text;
+    for (const ProfileRow &row : shown) text += row.name + ' ' + std::to_string(row.count >> shift) + '\n';
     return text;
 }
 

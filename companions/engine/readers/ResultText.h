@@ -1,7 +1,7 @@
 // The texts in which the engine gives lists, for the readers of dbgpars.dll: their formats and their writers.
 //
 //   frames     "1F 20A": addresses in hexadecimal digits, a blank between two; the innermost last
-//   profile    "main 1234" in lines: a name without blanks, a blank, the count in decimal digits
+//   profile    "main 1234" in lines: a name without blanks, a blank, the count in decimal digits; below 2^32
 //   bits       "0:C 1:DC": number and name, a blank between two
 //   registers  "[Ports]0PORTA=1F4B=0A0TRISA?": a group's name in brackets, then its registers. A register begins with
 //              the number of characters, 0 to 9 and A to Z, that its name shares with the one before in the group;
@@ -28,7 +28,8 @@ struct ProfileRow {
 inline constexpr size_t kLongestProfile = 31743;
 
 // Rows behind those that surely fit are summed up in one of the name "(other)". Which these are doesn't depend on the
-// counts, so that each text of a run has the same rows.
+// counts, so that each text of a run has the same rows. When the largest count has more than 32 bits, all are shifted
+// right alike until it fits.
 std::string ProfileListText(const std::vector<ProfileRow> &rows, size_t longest = kLongestProfile);
 
 struct NamedBit {
