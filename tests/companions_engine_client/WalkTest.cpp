@@ -1,3 +1,8 @@
+#include <signal.h>
+#include <unistd.h>
+
+#include <climits>
+
 #include "DebugRun.h"
 
 namespace {
@@ -31,6 +36,15 @@ TEST(Walks, SeeWhatIsWrittenBetweenTwoBytesAndWhereMemoryEnds) {
         ASSERT_EQ(debugger.Call<DbgGetRegFn>("DbgGetReg", address, &value), kDbgOk);
         EXPECT_EQ(value, address == 100 ? 100 ^ 0x5A : 7) << address;
     }
+    int value = 0;
+    for (const int from : {INT_MAX - 9, INT_MIN}) {
+        for (int i = 0; i < 10; ++i)
+            EXPECT_EQ(debugger.Call<DbgGetRegFn>("DbgGetReg", from + i, &value), kDbgFailed) << from << i;
+    }
+    Walk(debugger, 260);
+    kill(HostProcesses(getpid())[0], SIGKILL);
+    EXPECT_TRUE(run.HasReturned());
+    EXPECT_EQ(Walk(debugger, 260), std::vector<int>(260, -1)) << "the simulator is lost";
 }
 
 TEST(Walks, OverEepromEndWithItFromEitherBase) {

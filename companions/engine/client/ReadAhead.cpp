@@ -1,5 +1,7 @@
 #include "ReadAhead.h"
 
+#include <iterator>
+
 namespace {
 
 constexpr int kWalk = 4;      // steps in a row
@@ -8,15 +10,15 @@ constexpr std::chrono::milliseconds kRunningLimit{5};
 
 }  // namespace
 
-bool CReadAhead::Holds(int address, uint64_t state, bool runs) const {
-    const bool covered = address >= first_ && static_cast<size_t>(address - first_) < bytes_.size();
+bool CReadAhead::Holds(int64_t address, uint64_t state, bool runs) const {
+    const bool covered = address >= first_ && address - first_ < std::ssize(bytes_);
     return covered && state == state_ && (!runs || Clock::now() - readAt_ < kRunningLimit);
 }
 
 std::optional<int> CReadAhead::Read(int address, uint64_t state, bool runs, const Fetch &fetch) {
     const std::lock_guard guard(lock_);
     steps_ = address == next_ ? steps_ + 1 : 0;
-    next_ = address + 1;
+    next_ = int64_t{address} + 1;
     if (steps_ < kWalk) return std::nullopt;
     if (!Holds(address, state, runs)) {
         bytes_.clear();

@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds, so that
-// one walk sees one state.
+// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds: bytes of one
+// block are of one moment, those of the next one, and the first few of a walk, of others.
 class CReadAhead {
 public:
     static constexpr int kUnreadable = -1;
@@ -25,11 +25,12 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    bool Holds(int address, uint64_t state, bool runs) const;
+    bool Holds(int64_t address, uint64_t state, bool runs) const;
 
     std::mutex lock_;
-    int next_ = 0, steps_ = 0;  // of the walk
-    int first_ = 0;             // of the block
+    int64_t next_ = 0;   // address of the walk
+    int steps_ = 0;      // in a row
+    int64_t first_ = 0;  // address of the block
     std::vector<int16_t> bytes_;
     uint64_t state_ = 0;
     Clock::time_point readAt_;

@@ -113,8 +113,10 @@ bool CRun::AwaitReply() {
 // The engine's thread is told of single instructions: what it asks for is as it is at that one.
 std::optional<int> CRun::Read(CReadAhead &ahead, int address, const CReadAhead::Fetch &fetch,
                               const std::function<std::optional<int>()> &readOne) {
+    if (ended_ || IsLost()) return std::nullopt;
     const bool exact = engineThread_ == std::this_thread::get_id();
-    const auto walked = exact ? std::nullopt : ahead.Read(address, state_, stopsToCome_ > 0, fetch);
+    const bool runs = stopsToCome_ > 0;  // looked at before the state, which a stop changes first
+    const auto walked = exact ? std::nullopt : ahead.Read(address, state_, runs, fetch);
     if (!walked) return readOne();
     return *walked == CReadAhead::kUnreadable ? std::nullopt : walked;
 }
@@ -160,7 +162,7 @@ std::optional<int> CRun::ReadEeprom(int address) {
         int size = 0;
         std::vector<uint8_t> values;
         const bool sized = Ask(Request::eepromSize, {}, [&](CMessageReader &in) { size = in.Int(); });
-        if (!sized || first >= size || !read(first, std::min(count, size - first), values)) return false;
+        if (!sized || first < 0 || first >= size || !read(first, std::min(count, size - first), values)) return false;
         bytes.assign(values.begin(), values.end());
         return true;
     };
@@ -171,10 +173,10 @@ std::optional<int> CRun::ReadEeprom(int address) {
     return Read(eeprom_, address, fetch, readOne);
 }
 
-bool CRun::Go(Request request, const Put &put) {
+bool CRun::Go(Request request, const Put &put, const Take &takeFailure) {
     // The stop may be told before the reply is read.
     ++stopsToCome_;
-    const bool good = Ask(request, put);
+    const bool good = Ask(request, put, {}, takeFailure);
     if (!good) --stopsToCome_;
     return good;
 }
@@ -262,8 +264,8 @@ void CRun::DeliverStop(const SharedEvent &event) {
     // Who hears of a step back puts his own clock back first, and then gets the true time.
     const bool back = event.reason == kDbgAfterStepBack;
     if (!back) DeliverClock(event.passed, event.clk);
-    --stopsToCome_;
     ++state_;
+    --stopsToCome_;
     const ExecutionCallback execution = callbacks_.Execution();
     if (execution.fn && !ended_) {
         const std::string file = TextOf(event.file);
@@ -278,6 +280,7 @@ void CRun::DeliverClock(int passed, int clk) {
 
 void CRun::TellLoss() {
     lost_ = true;
+    ++state_;
     const ExecutionCallback execution = callbacks_.Execution();
     if (!execution.fn || ended_) return;
     execution.fn(kDbgText, "", 0, 0, "The simulator has ended unexpectedly. End the debug run and start it again.",
