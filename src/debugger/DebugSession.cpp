@@ -97,8 +97,11 @@ bool CDebugSession::PostDeferred() {
 void CDebugSession::ToggleProfiling() {
     profiling_ = !profiling_;
     CDebugBar &bar = *Frame().DebugBars().profile;
-    if (profiling_ && !bar.IsShowing()) bar.ShowBar();
-    if (bar.IsShowing()) bar.Refresh();  // the engine counts from the first reading on
+    // Either reads the profile: the engine counts from the first reading on.
+    if (profiling_ && !bar.IsShowing())
+        bar.ShowBar();
+    else if (bar.IsShowing())
+        bar.Refresh();
 }
 
 void CDebugSession::ToggleSnapshot() {

@@ -147,6 +147,10 @@ TEST(Blink, ProfileHoldsEveryCycle) {
         EXPECT_EQ(blink.Do(run), "xorwf port_image, F");
         EXPECT_GT(blink.session->Cycles(), 500'000);
         EXPECT_EQ(blink.ProfileSum(), blink.session->Cycles());
+        EXPECT_EQ(blink.Do(stepInto), "movf port_image, W");
+        const int64_t asked = blink.session->Cycles();
+        EXPECT_EQ(blink.Do(stepInto), "banksel PORTB") << "which nobody wants counted";
+        EXPECT_EQ(blink.ProfileSum(), asked);
         ASSERT_TRUE(blink.session->Reset(true));
         EXPECT_EQ(blink.ProfileSum(), 0);
     });

@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr std::chrono::seconds kProfileInterest{2};  // without a question it is nobody's any more
 constexpr int kLeastRate = 1'000, kMostRate = 1'000'000'000;  // hertz, of what the simulator reckons well with
 
 // "PIC16F628A", "16f628a" and the like are one type.
@@ -71,9 +72,19 @@ bool CSimSession::Reset(bool powerOn) {
     return true;
 }
 
-bool CSimSession::Start(RunKind kind) { return loaded_->control.Start(kind); }
+bool CSimSession::Start(RunKind kind) {
+    if (!loaded_->control.Start(kind)) return false;
+    if (!profileAsked_) loaded_->control.CountInto(nullptr);
+    profileAskedAt_ = Clock::now();
+    return true;
+}
 
-CSession::SliceEnd CSimSession::Slice(CSessionEvents &events) { return loaded_->control.Slice(events); }
+CSession::SliceEnd CSimSession::Slice(CSessionEvents &events) {
+    if (Clock::now() - profileAskedAt_ > kProfileInterest) loaded_->control.CountInto(nullptr);
+    const SliceEnd end = loaded_->control.Slice(events);
+    if (end.stopped) profileAsked_ = false;
+    return end;
+}
 
 void CSimSession::Stop() { loaded_->control.Stop(); }
 
@@ -198,6 +209,8 @@ std::optional<std::string> CSimSession::FrameList() { return FrameListText(chip_
 std::optional<std::string> CSimSession::ProfileList() {
     if (!loaded_) return std::nullopt;
     loaded_->control.CountInto(&loaded_->profile);
+    profileAsked_ = true;
+    profileAskedAt_ = Clock::now();
     std::vector<ProfileRow> rows;
     for (auto &row : loaded_->profile.Rows()) rows.push_back({std::move(row.name), row.cycles});
     return ProfileListText(rows);

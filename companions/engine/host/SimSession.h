@@ -1,6 +1,7 @@
 // The session over the simulated chip.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,7 +46,7 @@ public:
     std::optional<Line> PosToAddr(const std::string &file, int line) override;
     std::optional<SessionPlace> AddrToPos(int address) override;
     std::optional<std::string> FrameList() override;
-    std::optional<std::string> ProfileList() override;  // counts from the first such call on
+    std::optional<std::string> ProfileList() override;  // counts from such a call on, while there are more
 
     std::optional<int> SetBreakpoint(const std::string &file, int line, std::string &error) override;
     bool DeleteBreakpoint(int id) override;
@@ -69,6 +70,8 @@ public:
     void TakeSettings(const std::string &settings) override;
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     // All that a loaded program brings.
     struct Loaded {
         Loaded(IChip &chip, std::unique_ptr<CImage> image);
@@ -92,4 +95,6 @@ private:
     std::unique_ptr<Loaded> loaded_;
     int nextId_ = 1;     // of breakpoints, watchpoints and connections
     int clockRate_ = 0;  // hertz; 0: not set
+    bool profileAsked_ = false;  // since the last stop
+    Clock::time_point profileAskedAt_;  // since the start of the run command, or that
 };
