@@ -48,8 +48,7 @@ void CGridCtrl::SetSize(int rows, int columns) {
     rows_ = rows;
     columns_ = columns;
     cells_.clear();
-    cells_.reserve(static_cast<size_t>(rows) * static_cast<size_t>(columns));
-    for (int i = 0; i < rows * columns; ++i) cells_.push_back(std::make_unique<CGridCell>());
+    cells_.resize(static_cast<size_t>(rows) * static_cast<size_t>(columns));
     lefts_.assign(static_cast<size_t>(columns) + 1, 0);
     current_ = anchor_ = {};
     editPosition_ = 0;
@@ -60,6 +59,18 @@ void CGridCtrl::SetSize(int rows, int columns) {
 void CGridCtrl::SetCell(GridPlace place, std::unique_ptr<CGridCell> cell) {
     cells_[IndexOf(place)] = std::move(cell);
     RedrawCell(place);
+}
+
+CGridCell &CGridCtrl::Cell(GridPlace place) {
+    std::unique_ptr<CGridCell> &cell = cells_[IndexOf(place)];
+    if (!cell) cell = std::make_unique<CGridCell>();
+    return *cell;
+}
+
+const CGridCell &CGridCtrl::Cell(GridPlace place) const {
+    static const CGridCell kEmpty;
+    const CGridCell *const cell = cells_[IndexOf(place)].get();
+    return cell ? *cell : kEmpty;
 }
 
 bool CGridCtrl::Contains(GridPlace place) const {
@@ -94,7 +105,7 @@ void CGridCtrl::AutoSize() {
     std::vector<size_t> longest(static_cast<size_t>(columns_), 0);
     for (size_t i = 0; i < cells_.size(); ++i) {
         size_t &length = longest[i % longest.size()];
-        length = std::max(length, CharacterCount(cells_[i]->Text()));
+        if (cells_[i]) length = std::max(length, CharacterCount(cells_[i]->Text()));
     }
     for (size_t column = 0; column < longest.size(); ++column)
         lefts_[column + 1] = lefts_[column] + (static_cast<int>(longest[column]) + 2 * kBlanksBeside) * charWidth_;
@@ -162,7 +173,7 @@ void CGridCtrl::resizeEvent(QResizeEvent *event) {
 
 void CGridCtrl::changeEvent(QEvent *event) {
     QAbstractScrollArea::changeEvent(event);
-    if (event->type() != QEvent::FontChange || columns_ == 0) return;
+    if (event->type() != QEvent::FontChange) return;
     const int before = charWidth_;
     TakeFont();
     for (int &left : lefts_) left = left * charWidth_ / before;

@@ -19,10 +19,9 @@ public:
 
     void SetSize(int rows, int columns);  // of empty cells
     int RowCount() const { return rows_; }
-    int ColumnCount() const { return columns_; }
     void SetCell(GridPlace place, std::unique_ptr<CGridCell> cell);
-    CGridCell &Cell(GridPlace place) { return *cells_[IndexOf(place)]; }
-    const CGridCell &Cell(GridPlace place) const { return *cells_[IndexOf(place)]; }
+    CGridCell &Cell(GridPlace place);
+    const CGridCell &Cell(GridPlace place) const;
     bool Contains(GridPlace place) const;
 
     // Cells are drawn anew at the next turn of the event loop, all in one pass.
@@ -82,7 +81,7 @@ private:
     friend class CGridPainter;
 
     int rows_ = 0, columns_ = 0;
-    std::vector<std::unique_ptr<CGridCell>> cells_;  // row by row
+    std::vector<std::unique_ptr<CGridCell>> cells_;  // row by row; null: empty
     std::vector<int> lefts_{0};                      // of the columns, and the right end of the last
     QFont font_, boldFont_;
     int rowHeight_ = 1, charWidth_ = 1, ascent_ = 1;
