@@ -24,6 +24,30 @@ QVariant CProfileListModel::data(const QModelIndex &index, int role) const {
     return ToQString(row.name + row.Figures());
 }
 
+void CProfileListModel::Take(CProfileRows changed) {
+    const auto &before = rows.List(), &now = changed.List();
+    if (before.size() != now.size()) {
+        beginResetModel();
+        rows = std::move(changed);
+        endResetModel();
+        return;
+    }
+    if (std::ranges::equal(before, now, {}, &ProfileRow::place, &ProfileRow::place)) {
+        rows = std::move(changed);
+        if (rowCount() > 0) emit dataChanged(index(0), index(rowCount() - 1));
+        return;
+    }
+    emit layoutAboutToBeChanged();
+    std::vector<int> rowOf(now.size());  // by place
+    for (size_t i = 0; i < now.size(); ++i) rowOf[now[i].place] = static_cast<int>(i);
+    const QModelIndexList from = persistentIndexList();
+    QModelIndexList to;
+    for (const QModelIndex &each : from) to.append(index(rowOf[before[static_cast<size_t>(each.row())].place]));
+    rows = std::move(changed);
+    changePersistentIndexList(from, to);
+    emit layoutChanged();
+}
+
 CProfileListBox::CProfileListBox(QWidget *parent) : QListView(parent), model_(new CProfileListModel(this)) {
     setModel(model_);
     setItemDelegate(new CProfileDelegate(model_->rows, this));
@@ -44,16 +68,9 @@ void CProfileListBox::SetEmptyText(const std::string &text) {
 }
 
 void CProfileListBox::Change(const std::function<void(CProfileRows &)> &change) {
-    using Select = QItemSelectionModel;
-    const auto &list = model_->rows.List();
-    const QModelIndex current = currentIndex();
-    const bool selected = selectionModel()->isSelected(current);
-    const std::string name = current.isValid() ? list[static_cast<size_t>(current.row())].name : std::string();
-    model_->Apply(change);
-    const auto now = std::ranges::find(list, name, &ProfileRow::name);
-    if (name.empty() || now == list.end() || selectionModel()->selectedIndexes().size() > 1) return;
-    if (const int row = static_cast<int>(now - list.begin()); row != currentIndex().row())
-        selectionModel()->setCurrentIndex(model_->index(row), selected ? Select::ClearAndSelect : Select::NoUpdate);
+    CProfileRows rows = model_->rows;
+    change(rows);
+    model_->Take(std::move(rows));
 }
 
 std::string CProfileListBox::SelectedText() const {

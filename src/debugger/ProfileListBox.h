@@ -14,7 +14,7 @@ class CProfileListBox : public QListView {
 public:
     explicit CProfileListBox(QWidget *parent);
 
-    // Changes the rows, at the price of one repaint; the current row stays the same function's.
+    // Changes the rows, at the price of one repaint; the current row and the selection stay the same functions'.
     void Change(const std::function<void(CProfileRows &)> &change);
     const CProfileRows &Rows() const;
     void SetEmptyText(const std::string &text);  // shown while there are no rows

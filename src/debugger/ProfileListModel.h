@@ -12,17 +12,7 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;  // the row's text, also as its tip
 
-    template <typename Change>
-    void Apply(Change change) {
-        const size_t before = rows.List().size();
-        change(rows);
-        if (rows.List().size() != before) {
-            beginResetModel();
-            endResetModel();
-        } else if (before > 0) {
-            emit dataChanged(index(0), index(rowCount() - 1));
-        }
-    }
+    void Take(CProfileRows changed);  // selection and current row stay the same functions'
 
     CProfileRows rows;
 };

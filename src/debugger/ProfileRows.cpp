@@ -28,14 +28,16 @@ int ProfileRow::BarWidth(int room) const {
 void CProfileRows::Update(const std::vector<ProfileEntry> &entries) {
     const bool first = rows_.empty();
     if (first) rows_.resize(entries.size());
+    std::ranges::sort(rows_, {}, &ProfileRow::place);
     uint64_t total = 0;
-    for (size_t i = 0; i < entries.size(); ++i) {
-        total += entries[i].count;
-        if (i >= rows_.size()) continue;
-        rows_[i].name = entries[i].name;
-        rows_[i].count = entries[i].count;
+    for (const ProfileEntry &entry : entries) total += entry.count;
+    for (size_t i = 0; i < rows_.size(); ++i) {
+        ProfileRow &row = rows_[i];
+        if (i < entries.size()) row.name = entries[i].name;
+        row.count = i < entries.size() ? entries[i].count : 0;
+        row.total = total;
+        row.place = i;
     }
-    for (ProfileRow &row : rows_) row.total = total;
     if (!first) std::ranges::stable_sort(rows_, std::greater(), &ProfileRow::count);
 }
 

@@ -9,6 +9,7 @@ struct ProfileRow {
     std::string name;    // as the engine gives it
     uint64_t total = 0;  // of all rows at the last update; the same in each
     uint64_t count = 0;  // instruction cycles
+    size_t place = 0;    // in the engine's order; tells functions of one name apart
 
     uint64_t Percent() const { return total ? count * 100 / total : 0; }
     std::string Figures() const;   // " 12% (345k)"
@@ -23,7 +24,7 @@ struct ProfileEntry {
 inline constexpr const char *kWidestFigures = " 100% (9999M)";
 
 // How many rows there are is fixed by the first update after Clear, which keeps the engine's order; later ones put the
-// heaviest on top. Entries that an answer has beyond the rows count into the total only.
+// heaviest on top. Entries that an answer has beyond the rows count into the total only; rows beyond its end have nothing.
 class CProfileRows {
 public:
     void Update(const std::vector<ProfileEntry> &entries);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "debugger/ProfileListBox.h"
+
 namespace {
 
 std::string Names(const CProfileRows &rows) {
@@ -46,4 +48,23 @@ TEST(ProfileRows, KeepTheEnginesOrderFirstAndThenSortByWeight) {
     EXPECT_EQ(rows.List().front().count, 5U);
     rows.Update({{"a", 9}, {"b", 5}, {"c", 5}, {"d", 2}});
     EXPECT_EQ(Names(rows), "a b c d ");
+    rows.Update({{"a", 1}, {"b", 3}});
+    EXPECT_EQ(Names(rows), "b a c d ");
+    EXPECT_EQ(rows.List().front().Percent(), 75U);
+    EXPECT_EQ(rows.List().back().count, 0U);
+}
+
+TEST(ProfileListBox, KeepsTheSelectionOnItsFunctions) {
+    CProfileListBox list(nullptr);
+    const auto update = [&](const std::vector<ProfileEntry> &entries) {
+        list.Change([&](CProfileRows &rows) { rows.Update(entries); });
+    };
+    update({{"a", 1}, {"twice", 2}, {"b", 3}, {"twice", 4}});
+    for (const int row : {0, 3})
+        list.selectionModel()->setCurrentIndex(list.model()->index(row, 0), QItemSelectionModel::Select);
+    update({{"a", 1}, {"twice", 6}, {"b", 3}, {"twice", 5}});
+    update({{"a", 9}, {"twice", 6}, {"b", 3}, {"twice", 7}});
+    const std::string text = list.SelectedText();
+    EXPECT_EQ(text.substr(text.find('\n')), "\na\t36%\t9\ntwice\t28%\t7\n");
+    EXPECT_EQ(list.currentIndex().row(), 1);
 }
