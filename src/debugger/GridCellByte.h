@@ -19,7 +19,6 @@ public:
 
     // True when the cell has to be redrawn. An absent cell stays as it is.
     bool Show(uint8_t value, ByteState state);
-    bool SetState(ByteState state) { return Show(value_, state); }
 
     std::string Tip() const override;
 

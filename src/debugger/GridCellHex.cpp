@@ -24,7 +24,8 @@ bool CGridCellHex::OnTyped(CGridCtrl &grid, GridPlace place, char32_t typed) {
     const int digit = DigitOf(typed);
     if (digit < 0 || IsAbsent()) return false;
     const bool first = grid.EditPosition() == 0;
-    Enter(static_cast<uint8_t>(first ? digit << 4 | (Value() & 0xF) : (Value() & 0xF0) | digit));
+    if (first) high_ = digit;
+    Enter(static_cast<uint8_t>(high_ << 4 | (first ? Value() & 0xF : digit)));
     if (first)
         grid.SetEditPosition(1);
     else

@@ -1,12 +1,12 @@
 #include "debugger/MemoryBar.h"
 
 #include <QScrollBar>
-#include <cstdio>
 
 #include "app/CommandIds.h"
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
 #include "app/StringIds.h"
+#include "debugger/AddressText.h"
 #include "debugger/GridCellChar.h"
 #include "debugger/GridCellHex.h"
 #include "debugger/ValueFormat.h"
@@ -15,12 +15,6 @@
 #include "widgets/GridCtrl.h"
 
 namespace {
-
-std::string AddressText(int address) {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%04X", static_cast<unsigned>(address));
-    return text;
-}
 
 std::string NameOf(int address) {
     return "$" + std::to_string(address);
@@ -148,9 +142,17 @@ void CMemoryBar::RefreshCells(bool force) {
 }
 
 void CMemoryBar::WriteByte(int address, uint8_t value) {
-    if (address >= AddressCount() || value == shadow_[static_cast<size_t>(address)]) return;
+    const CDebugSession &session = CIDEApp::Get().session;
+    if (address >= AddressCount() || !session.IsOpen() || session.IsEnding()) return;
+    uint8_t &shadow = shadow_[static_cast<size_t>(address)];
+    if (value == shadow) {
+        // Behind a refusal the cell has had what isn't there.
+        if (HexAt(address).State() == ByteState::notWritten && Show(address, value, ByteState::same))
+            grid_->RedrawRow(address / kBytesInRow);
+        return;
+    }
     const bool good = WriteCell(base_ + address, value);
-    if (good) shadow_[static_cast<size_t>(address)] = value;
+    if (good) shadow = value;
     Show(address, value, good ? ByteState::written : ByteState::notWritten);
     grid_->RedrawRow(address / kBytesInRow);
     if (good) OnWritten();
@@ -159,8 +161,8 @@ void CMemoryBar::WriteByte(int address, uint8_t value) {
 std::string CMemoryBar::TipFor(const CGridCellByte &cell) const {
     const std::string reg = SupportsMarks() ? WatchedRegister(NameOf(cell.Address())) : std::string();
     std::string tip = AddressText(cell.Address()) + (reg.empty() ? "" : "  " + reg) + "\n" +
-                      FormatValue(cell.Value(), 3) + "  " + FormatValue(cell.Value(), 0) + "  " +
-                      FormatValue(cell.Value(), 1);
+                      FormatValue(cell.Value(), kHexadecimal) + "  " + FormatValue(cell.Value(), kDecimal) + "  " +
+                      FormatValue(cell.Value(), kBinary);
     if (const int words = WordsFor(cell.State())) tip += "\n" + LoadText(words);
     if (cell.IsPointed()) tip += "\n" + LoadText(IDS_MEMORY_POINTER);
     if (cell.IsMarked()) tip += "\n" + LoadText(IDS_MEMORY_WATCHED);

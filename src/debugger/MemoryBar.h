@@ -27,7 +27,7 @@ public:
     // Reads all bytes and shows them. `force`: each counts as changed.
     void RefreshCells(bool force);
 
-    // The user has typed `value`. What is there already isn't written.
+    // The user has typed `value`. What is there already isn't written, and nothing without a debug run.
     void WriteByte(int address, uint8_t value);
 
     // The byte that the chip's indirect pointer addresses.

@@ -7,6 +7,7 @@
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
 #include "app/StringIds.h"
+#include "debugger/AddressText.h"
 #include "debugger/DebugBars.h"
 #include "debugger/MarkerSection.h"
 #include "framework/Language.h"
@@ -59,6 +60,12 @@ std::string OtherName(const std::string &name) {
     return Debugger().RegNameToAddr(name.substr(1), address) ? "$" + std::to_string(address) : "";
 }
 
+// `why`: the engine's words; may be empty.
+void TellRefusal(int text, const std::string &name, const std::string &why) {
+    const std::string line = LoadText(text, {HasAddressForm(name) ? AddressText(AddressIn(name)) : name});
+    CIDEApp::Get().AddOutputLine(why.empty() ? line : line + " " + why);
+}
+
 }  // namespace
 
 std::vector<CWatchpoint>::iterator CWatchpointManager::At(const std::string &name) {
@@ -68,10 +75,8 @@ std::vector<CWatchpoint>::iterator CWatchpointManager::At(const std::string &nam
 bool CWatchpointManager::Add(const std::string &name, bool needEngine) {
     if (At(name) != list_.end()) return true;
     int id = -1;
-    if (needEngine || IsDebugging()) {
-        std::string own = name;  // the engine may write into it
-        if (Debugger().Call(&EngineCalls::DbgSetWatchpoint, own.c_str(), &id) != kDbgOk) return false;
-    }
+    if ((needEngine || IsDebugging()) && Debugger().Call(&EngineCalls::DbgSetWatchpoint, name.c_str(), &id) != kDbgOk)
+        return false;
     list_.push_back({name, id});
     return true;
 }
@@ -111,7 +116,7 @@ void CWatchpointManager::DeleteAll() {
 void CWatchpointManager::Toggle(const std::string &name) {
     const bool set = Find(name) == -1;
     if (set ? !Add(name, false) : !Remove(name)) {
-        CIDEApp::Get().AddOutputLine(LoadText(set ? IDS_WATCHPOINT_NOT_SET : IDS_WATCHPOINT_NOT_REMOVED, {name}));
+        TellRefusal(set ? IDS_WATCHPOINT_NOT_SET : IDS_WATCHPOINT_NOT_REMOVED, name, set ? Debugger().ErrorText() : "");
         return;
     }
     Mark(name, set || Find(name) != -1);
@@ -147,7 +152,7 @@ void CWatchpointManager::Store() {
         for (size_t i = 0; i < list_.size(); ++i) section.SetText(kNameKey, static_cast<int>(i), list_[i].name);
         section.Write();
     }
-    DeleteAll();
+    RemoveAll();
 }
 
 std::string WatchedRegister(const std::string &name) {

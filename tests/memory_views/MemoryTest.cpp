@@ -3,12 +3,13 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTimer>
+#include <cstring>
 
 #include "MemoryProgram.h"
 
 namespace {
 
-constexpr int kTimer0 = 1, kFsr = 4, kPortB = 6, kFree = 0x30;
+constexpr int kTimer0 = 1, kPcl = 2, kFsr = 4, kPortB = 6, kPclath = 10, kFree = 0x30;
 
 }  // namespace
 
@@ -68,9 +69,24 @@ TEST_F(MemoryProgram, BytesAreTypedOverInBothWays) {
     EXPECT_EQ(Hex(ram, kFree).State(), ByteState::same);
     EXPECT_EQ(Texts(ram, kFree), "41A");
 
+    // The target changes the byte between two digits.
+    Type(ram, hex(kFree), "7");
+    program.App().debugger.Call(&EngineCalls::DbgSetReg, kFree, 0x25);
+    Ram().Refresh();
+    QTest::keyClick(&ram.Grid(), Qt::Key_3);
+    EXPECT_EQ(Engine(kFree), 0x73);
+
+    // Refused: no program at that page. Typed back, it is as it was.
+    const std::string before = Hex(ram, kPcl).Text();
+    Type(ram, hex(kPclath), "1F");
+    Type(ram, hex(kPcl), before == "AA" ? "BB" : "AA");
+    EXPECT_EQ(Hex(ram, kPcl).State(), ByteState::notWritten);
+    Type(ram, hex(kPcl), before.c_str());
+    EXPECT_EQ(Hex(ram, kPcl).State(), ByteState::same);
+
     program.App().session.EndAtOnce();
     Type(ram, hex(kFree), "55");
-    EXPECT_EQ(Hex(ram, kFree).State(), ByteState::notWritten);
+    EXPECT_EQ(Texts(ram, kFree), "73s") << "it had that last";
 }
 
 TEST_F(MemoryProgram, TheIndirectPointerIsMarked) {
@@ -94,8 +110,13 @@ TEST_F(MemoryProgram, AWatchpointHasTwoNamesStopsTheRunAndStaysWithTheProject) {
     Watchpoints().Toggle("$6");
     EXPECT_FALSE(IsMarked(kPortB));
     EXPECT_EQ(Watchpoints().List().size(), 0U);
-    Watchpoints().Toggle("$NOSUCH");
-    EXPECT_NE(program.BuildText().find("$NOSUCH"), std::string::npos);
+    for (const auto &[name, words] : {std::pair("$NOSUCH", "on $NOSUCH. "), {"$4095", "on 0x0FFF. "}}) {
+        Watchpoints().Toggle(name);
+        const std::string told = program.BuildText();
+        const size_t at = told.find(words);
+        ASSERT_NE(at, std::string::npos) << told;
+        EXPECT_NE(told[at + std::strlen(words)], '\n') << "the simulator says why";
+    }
 
     // By the menu key of the cell: the bar takes the command for it.
     Ram().Grid().SetCurrent(CMemoryBar::HexPlace(kPortB));
@@ -116,6 +137,7 @@ TEST_F(MemoryProgram, AWatchpointHasTwoNamesStopsTheRunAndStaysWithTheProject) {
 
     Do(ID_DEBUG_END);
     EXPECT_EQ(Watchpoints().List().size(), 0U);
+    EXPECT_FALSE(IsMarked(kPortB));
     EXPECT_NE(Project().find("Expr0=$6"), std::string::npos);
 }
 
