@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,6 @@
 class CPropTree;
 class CPropTreeItem;
 class CRegisterItem;
-class QMenu;
 
 // Formats, and which groups are open, are kept with the project.
 class CRegisterBar : public CDebugBar {

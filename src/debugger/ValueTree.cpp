@@ -4,7 +4,6 @@
 
 #include "app/Settings.h"
 #include "app/StringIds.h"
-#include "framework/Icons.h"
 #include "framework/Language.h"
 
 namespace {

@@ -26,7 +26,8 @@ std::string RowKeyOf(const std::string &label) {
     for (const char c : label) {
         const auto code = static_cast<unsigned char>(c);
         char escaped[4] = {c};
-        if (code <= ' ' || c == '=' || c == '%' || c == ';' || c == '[') snprintf(escaped, sizeof escaped, "%%%02X", code);
+        if (code <= ' ' || c == '=' || c == '%' || c == ';' || c == '[')
+            snprintf(escaped, sizeof escaped, "%%%02X", code);
         key += escaped;
     }
     return key;

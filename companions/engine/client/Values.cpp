@@ -188,7 +188,7 @@ ENGINE_EXPORT int DbgGetEepromVal(int address, int count, uint8_t *bytes) {
     address = EepromAddress(address);
     if (count == 1) return OnRun([&](CRun &run) { return Give(run.ReadEeprom(address), *bytes); });
     std::vector<uint8_t> read;
-    if ( Ask(Request::readEeprom, &read, address, count) != kDbgOk) return kDbgFailed;
+    if (Ask(Request::readEeprom, &read, address, count) != kDbgOk) return kDbgFailed;
     if (read.size() != static_cast<size_t>(count)) return kDbgFailed;
     std::copy(read.begin(), read.end(), bytes);
     return kDbgOk;
