@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "app/IDEApp.h"
 #include "debugger/DebugBar.h"
 
 namespace {
@@ -34,6 +35,7 @@ void DebugBars::RefreshShownValues() {
 }
 
 void DebugBars::RefreshBehindEdit(const CDebugBar &edited) {
+    if (!CIDEApp::Get().session.IsAlive()) return;
     for (CDebugBar *bar : {registers, ram, watch})
         if (bar != &edited && bar->IsShowing()) bar->Refresh();
 }

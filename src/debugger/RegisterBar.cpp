@@ -69,12 +69,13 @@ void CRegisterBar::LoadRegisters() {
 
 void CRegisterBar::BuildTree(Loading &loading) {
     std::array<char, kRegisterTextSize> text{};
-    if (Debugger().Call(&EngineCalls::DbgEvaluate, "_registers", text.data(), kRegisterTextSize, 0, nullptr) != kDbgOk) {
+    if (Debugger().Call(&EngineCalls::DbgEvaluate, "_registers", text.data(), kRegisterTextSize, 0, nullptr) !=
+        kDbgOk) {
         AddMessageRow(IDS_REGISTERS_FAILED);
         return;
     }
-    if (!Debugger().Read(&EngineReaders::dbgSymbolValue, text.data(), 0, &CRegisterBar::OpenRow, &CRegisterBar::CloseRow,
-                         static_cast<void *>(&loading))) {
+    if (!Debugger().Read(&EngineReaders::dbgSymbolValue, text.data(), 0, &CRegisterBar::OpenRow,
+                         &CRegisterBar::CloseRow, static_cast<void *>(&loading))) {
         AddMessageRow(IDS_REGISTERS_UNREADABLE);
         return;
     }
@@ -151,6 +152,7 @@ void CRegisterBar::CloseRow(int row, void *user) {
 
 void CRegisterBar::RefreshRegisters() {
     const CDebugSession &session = CIDEApp::Get().session;
+    if (!session.IsAlive()) return;
     // Values that are read again where the target stands still: what has changed at this stop goes on standing out.
     const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
     for (CRegisterItem *row : registers_) row->Refresh(sameStop);
@@ -162,6 +164,7 @@ void CRegisterBar::BlankValues() {
 }
 
 void CRegisterBar::EndRun() {
+    tree_->CancelEdit();
     StoreFormats();
     StoreExpanded();
 }
@@ -184,7 +187,8 @@ void CRegisterBar::StoreFormats() const {
 void CRegisterBar::StoreExpanded() const {
     std::vector<std::pair<std::string, std::string>> values;
     for (const auto &row : tree_->Items())
-        if (!row->Children().empty()) values.emplace_back(RowKeyOf(row->Label()), tree_->IsExpanded(row.get()) ? "1" : "0");
+        if (!row->Children().empty())
+            values.emplace_back(RowKeyOf(row->Label()), tree_->IsExpanded(row.get()) ? "1" : "0");
     for (const CRegisterItem *row : registers_) {
         const std::string key = RowKeyOf(row->Name());
         const bool open = row->Parent() && tree_->IsExpanded(row);

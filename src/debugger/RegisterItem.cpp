@@ -1,9 +1,11 @@
 #include "debugger/RegisterItem.h"
 
 #include <limits>
+#include <utility>
 
 #include "app/IDEApp.h"
 #include "app/StringIds.h"
+#include "debugger/TypedValue.h"
 #include "debugger/TypedValueMessages.h"
 #include "debugger/ValueFormat.h"
 #include "framework/Language.h"
@@ -34,7 +36,8 @@ void CRegisterItem::Refresh(bool sameStop) {
         return;
     }
     if (!keep) value_.prev = value_.cur;
-    value_.cur = held_ = *now;
+    held_ = now;
+    value_.cur = *now;
     if (Value().empty()) value_.prev = value_.cur;  // the first value is no change
     SetLookOfAll(value_.prev == value_.cur ? PropLook::normal : PropLook::changed);
     SetValue(RegisterText(value_.cur, value_.format));
@@ -51,6 +54,7 @@ void CRegisterItem::SetFormat(int format) {
 void CRegisterItem::Blank() {
     SetLookOfAll(PropLook::normal);
     SetValue("");
+    held_.reset();
     for (CRegisterBitItem *bit : bits_) bit->SetValue("");
 }
 
@@ -60,7 +64,8 @@ void CRegisterItem::ShowError() {
 }
 
 void CRegisterItem::ShowBits() {
-    for (CRegisterBitItem *bit : bits_) bit->Show(held_);
+    if (!held_) return;
+    for (CRegisterBitItem *bit : bits_) bit->Show(*held_);
 }
 
 void CRegisterItem::SetLookOfAll(PropLook look) {
@@ -68,13 +73,20 @@ void CRegisterItem::SetLookOfAll(PropLook look) {
     for (CRegisterBitItem *bit : bits_) bit->SetLook(look);
 }
 
-bool CRegisterItem::BeginEdit() { return CIDEApp::Get().session.IsOpen() && Look() != PropLook::error; }
+bool CRegisterItem::BeginEdit() { return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error; }
+
+bool CRegisterItem::HasRoomFor(int64_t value) const {
+    uint16_t address = 0;
+    const int64_t most = Debugger().RegNameToAddr(Name(), address) ? std::numeric_limits<uint8_t>::max()
+                                                                  : std::numeric_limits<uint16_t>::max();
+    return value <= most && value >= -(most + 1) / 2;
+}
 
 // Reads behind a write what the chip has made of it: not all bits of a register can be written.
 bool CRegisterItem::Write(int64_t value) {
-    if (value < std::numeric_limits<int32_t>::min() || value > std::numeric_limits<uint32_t>::max() ||
-        !Debugger().SetValue(expression_, static_cast<int32_t>(value))) {
-        CIDEApp::Get().AddOutputLine(LoadText(IDS_REGISTER_NOT_SET, {Name()}));
+    std::string why;
+    if (!HasRoomFor(value) || !SetTypedValue(expression_, value, why)) {
+        TellNotSet(IDS_REGISTER_NOT_SET, Name(), why);
         return false;
     }
     held_ = Read().value_or(static_cast<uint16_t>(value));
@@ -82,23 +94,28 @@ bool CRegisterItem::Write(int64_t value) {
 }
 
 void CRegisterItem::CommitEdit(const std::string &text) {
-    const std::optional<int64_t> typed = ReadTypedRegister(text, value_.format);
-    const bool allBinary = text.find_first_not_of("01") == text.npos;
-    if (!typed || (value_.format == kBinary && !allBinary)) TellNoNumber(value_.format);
-    if (!typed || !Write(*typed)) return;
-    value_.cur = held_;
+    if (!CIDEApp::Get().session.IsAlive()) return;
+    const TypedNumber typed = ReadTypedRegister(text, value_.format);
+    if (!typed.isWhole || !typed.hasDigits) TellNoNumber(value_.format);
+    if (!typed.hasDigits) return;
+    if (!typed.fits) TellNotSet(IDS_REGISTER_NOT_SET, Name(), {});
+    if (!typed.fits || !Write(typed.value)) return;
+    value_.cur = *held_;
     SetValue(RegisterText(value_.cur, value_.format));
     SetLookOfAll(value_.prev == value_.cur ? PropLook::normal : PropLook::changed);
     ShowBits();
     onWritten_();
-    // The chip keeps what it has room for.
-    if (*typed > std::numeric_limits<uint8_t>::max() && value_.cur != *typed)
-        CIDEApp::Get().AddOutputLine(LoadText(IDS_REGISTER_NOT_SET, {Name()}));
 }
 
+// The other bits are written as they are now: the target may run, or its first stop may still be to come.
 void CRegisterItem::CommitBit(int bit, bool on) {
+    if (!CIDEApp::Get().session.IsAlive()) return;
+    if (const std::optional<uint16_t> now = Read()) held_ = now;
     const int mask = 1 << bit;
-    if (Write(on ? held_ | mask : held_ & ~mask)) onWritten_();
+    if (!held_)
+        TellNotSet(IDS_REGISTER_NOT_SET, Name(), {});
+    else if (Write(on ? *held_ | mask : *held_ & ~mask))
+        onWritten_();
     ShowBits();
 }
 
@@ -107,6 +124,7 @@ void CRegisterBitItem::CommitEdit(const std::string &text) {
         register_.CommitBit(bit_, text == "1");
         return;
     }
+    if (!CIDEApp::Get().session.IsAlive()) return;
     CIDEApp::Get().AddOutputLine(LoadText(IDS_BIT_NOT_BINARY));
     register_.ShowBits();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,19 +29,20 @@ public:
 
     // The user has typed "1" or "0" over a bit. The value of the register itself shows at the next stop.
     void CommitBit(int bit, bool on);
-    void ShowBits();
+    void ShowBits();  // nothing before a value was read
 
     void CommitEdit(const std::string &text) override;
     bool BeginEdit() override;
 
 private:
     std::optional<uint16_t> Read() const;
-    bool Write(int64_t value);
+    bool Write(int64_t value);  // false, with a line in the build list, when the target doesn't take it as it is
+    bool HasRoomFor(int64_t value) const;
     void SetLookOfAll(PropLook look);
 
     RegisterValue value_;
-    uint16_t held_ = 0;  // what the bits show: `cur`, or what bits were made to since
-    std::string expression_;  // "$NAME"
+    std::optional<uint16_t> held_;  // what the bits show: `cur`, or what bits were made to since; none: no value was read
+    std::string expression_;        // "$NAME"
     std::vector<CRegisterBitItem *> bits_;
     std::function<void()> onWritten_;
 };

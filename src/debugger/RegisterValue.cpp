@@ -1,13 +1,11 @@
 #include "debugger/RegisterValue.h"
 
-#include <cinttypes>
+#include <algorithm>
 #include <cstdio>
 
 #include "debugger/ValueFormat.h"
 
 namespace {
-
-constexpr int kLongestNumber = 18;  // digits that fit into 64 bits in every format but binary
 
 std::string Printed(const char *format, unsigned value) {
     char text[16];
@@ -15,10 +13,17 @@ std::string Printed(const char *format, unsigned value) {
     return text;
 }
 
-int64_t BinaryValue(const std::string &text) {
-    uint64_t value = 0;
-    for (const char c : text) value = value << 1 | (c == '1' ? 1 : 0);
-    return static_cast<int64_t>(value);
+TypedNumber ReadBinary(std::string_view text) {
+    TypedNumber typed;
+    uint64_t number = 0;
+    for (const char c : text) {
+        typed.fits = typed.fits && !(number >> 63);
+        number = number << 1 | (c == '1' ? 1 : 0);
+    }
+    typed.value = static_cast<int64_t>(number);
+    typed.hasDigits = text.find_first_of("01") != text.npos;
+    typed.isWhole = text.find_first_not_of("01") == text.npos;
+    return typed;
 }
 
 }  // namespace
@@ -39,12 +44,13 @@ std::string RegisterText(uint16_t value, int format) {
     }
 }
 
-std::optional<int64_t> ReadTypedRegister(const std::string &text, int format) {
-    if (text.empty()) return {};
-    if (format == kBinary) return BinaryValue(text);
-    int64_t value = 0;
-    const char *const scan = format == kOctal ? "%18" SCNo64 : format == kHexadecimal ? "%18" SCNx64 : "%18" SCNd64;
-    static_assert(kLongestNumber == 18);
-    if (sscanf(text.c_str(), scan, &value) != 1) return {};
-    return value;
+TypedNumber ReadTypedRegister(std::string_view text, int format) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const bool isDecimal = format != kOctal && format != kHexadecimal && format != kBinary;
+    const bool negative = isDecimal && text.starts_with('-');
+    if (negative || (isDecimal && text.starts_with('+'))) text.remove_prefix(1);
+    TypedNumber typed = format == kBinary ? ReadBinary(text) : ReadTyped(text, format);
+    typed.fits = typed.fits && typed.value >= 0;  // with the highest bit it would be another number
+    if (negative) typed.value = -typed.value;
+    return typed;
 }

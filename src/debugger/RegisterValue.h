@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
+
+#include "debugger/WatchValue.h"
 
 struct RegisterValue {
     uint16_t prev = 0;  // at the refresh before
@@ -15,5 +17,6 @@ struct RegisterValue {
 // Without leading zeros in every format; unlike a watch's.
 std::string RegisterText(uint16_t value, int format);
 
-// A number as typed in a format. Empty when there is none in the text; in binary each character that isn't a "1" is a 0.
-std::optional<int64_t> ReadTypedRegister(const std::string &text, int format);
+// As of a watch, but for a sign that decimal numbers may have, and binary ones: there each character that isn't a "1" is a
+// 0. `isWhole` is false with such a one.
+TypedNumber ReadTypedRegister(std::string_view text, int format);

@@ -9,3 +9,7 @@ void TellNoNumber(int format) {
     const bool known = format >= kDecimal && format <= kHexadecimal;
     CIDEApp::Get().AddOutputLine(LoadText(IDS_NOT_DECIMAL + (known ? format : kDecimal)));
 }
+
+void TellNotSet(int text, const std::string &name, const std::string &why) {
+    CIDEApp::Get().AddOutputLine(LoadText(text, {name}) + (why.empty() ? "" : " " + why));
+}

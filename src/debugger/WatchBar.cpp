@@ -2,6 +2,8 @@
 
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 #include "app/BarIds.h"
 #include "app/CommandIds.h"
@@ -19,15 +21,17 @@
 
 namespace {
 
-bool IsDebugging() { return CIDEApp::Get().session.IsOpen(); }
+bool IsDebugging() { return CIDEApp::Get().session.IsAlive(); }
 int DefaultFormat() { return GetUserInt("Debugger", "DefWatchFormat", 0); }
 CWatchItem *WatchOf(CPropTreeItem *row) { return static_cast<CWatchItem *>(row); }
 
 // As much as the project gives back, without a part of a character.
 std::string CutToLongest(const std::string &text) {
-    QString cut = ToQString(text).trimmed().left(kLongestWatch);
-    while (cut.toUtf8().size() > static_cast<int>(kLongestWatch)) cut.chop(1);
-    return FromQString(cut);
+    const std::string whole = FromQString(ToQString(text).trimmed());
+    size_t end = std::min<size_t>(whole.size(), kLongestWatch);
+    const auto isInside = [&](size_t at) { return at < whole.size() && (whole[at] & 0xC0) == 0x80; };
+    while (isInside(end)) --end;
+    return whole.substr(0, end);
 }
 
 }  // namespace
@@ -45,7 +49,7 @@ CWatchBar::CWatchBar(QWidget *parent)
 }
 
 CWatchBar::~CWatchBar() {
-    if (IsDebugging()) Save();
+    if (CIDEApp::Get().session.IsOpen()) Save();
 }
 
 template <typename Act>
@@ -70,6 +74,7 @@ void CWatchBar::Refresh() { RefreshRows(); }
 
 void CWatchBar::RefreshRows() {
     const CDebugSession &session = CIDEApp::Get().session;
+    if (!session.IsAlive()) return;
     // Values that are read again where the target stands still: what has changed at this stop goes on standing out.
     const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
     ForEachRow([sameStop](CWatchItem &row) { row.Refresh(sameStop); });
@@ -80,7 +85,10 @@ void CWatchBar::BlankValues() {
     ForEachRow([](CWatchItem &row) { row.Blank(); });
 }
 
-void CWatchBar::EndRun() { Save(); }
+void CWatchBar::EndRun() {
+    tree_->CancelEdit();
+    Save();
+}
 
 void CWatchBar::Clear() {
     tree_->DeleteAllItems();
@@ -136,8 +144,16 @@ bool CWatchBar::Holds(const CWatchItem *row) const {
 }
 
 void CWatchBar::RemoveSelected() {
-    if (!IsDebugging()) return;
-    for (CPropTreeItem *row : tree_->SelectedItems()) tree_->DeleteItem(row);
+    const std::vector<CPropTreeItem *> rows = tree_->SelectedItems();
+    if (!IsDebugging() || rows.empty()) return;
+    const auto &left = tree_->Items();
+    const auto isFirst = [&](const auto &each) { return each.get() == rows.front(); };
+    const auto place = std::ranges::find_if(left, isFirst) - left.begin();
+    tree_->Fill([&] {
+        std::ranges::for_each(rows.rbegin(), rows.rend(), [this](CPropTreeItem *row) { tree_->DeleteItem(row); });
+    });
+    const auto last = std::ssize(left) - 1;
+    if (last >= 0) tree_->SelectItem(left[static_cast<size_t>(std::min(place, last))].get());
 }
 
 void CWatchBar::RemoveAll() { tree_->DeleteAllItems(); }

@@ -1,11 +1,11 @@
 #include "debugger/WatchItem.h"
 
-#include <algorithm>
 #include <charconv>
 #include <limits>
 
 #include "app/IDEApp.h"
 #include "app/StringIds.h"
+#include "debugger/TypedValue.h"
 #include "debugger/TypedValueMessages.h"
 #include "debugger/ValueFormat.h"
 #include "framework/Language.h"
@@ -15,9 +15,7 @@ namespace {
 
 CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
 
-void Tell(int text, const std::string &expression) { CIDEApp::Get().AddOutputLine(LoadText(text, {expression})); }
-
-bool SetByte(int address, int64_t value) {
+bool SetByte(int address, uint64_t value) {
     return Debugger().Call(&EngineCalls::DbgSetReg, address, static_cast<int>(value)) == kDbgOk;
 }
 
@@ -66,30 +64,29 @@ void CWatchItem::Show(WatchShown shown) {
     SetValue(std::move(shown.text));
 }
 
-bool CWatchItem::BeginEdit() { return CIDEApp::Get().session.IsOpen() && Look() != PropLook::error && !readOnly_; }
+bool CWatchItem::BeginEdit() { return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error && !readOnly_; }
 
 void CWatchItem::CommitEdit(const std::string &text) {
+    const CDebugSession &session = CIDEApp::Get().session;
+    if (!session.IsAlive()) return;
     const std::string shown = Value();
     SetValue(text);
     if (Look() == PropLook::error) return;
     if (value_.isDouble) {
         RestoreOld(shown);
-        Tell(IDS_WATCH_NOT_SET, Expression());
+        Refuse();
         return;
     }
     const TypedNumber typed = ReadTyped(text, value_.format);
     if (!typed.isWhole || !typed.hasDigits) TellNoNumber(value_.format);
-    const bool same = typed.value == value_.curInt && !value_.isText;
-    if (!typed.hasDigits || (!same && !Write(typed))) {
+    const bool isKnown = !session.IsRunning() && !shown.empty() && !value_.isText;
+    const bool same = isKnown && typed.fits && typed.value == value_.curInt;
+    const Taken taken = !typed.hasDigits ? Taken::none : same ? Taken::all : Write(typed);
+    if (taken != Taken::all)
         SetValue(shown);
-        return;
-    }
-    if (std::string formatted = FormatValue(typed.value, value_.format); !EqualNoCase(formatted, text))
+    else if (std::string formatted = FormatValue(typed.value, value_.format); !EqualNoCase(formatted, text))
         SetValue(std::move(formatted));
-    onWritten_();
-    // The target keeps what it has room for.
-    if (typed.value > std::numeric_limits<uint8_t>::max() && value_.curInt != typed.value)
-        Tell(IDS_WATCH_NOT_SET, Expression());
+    if (taken != Taken::none) onWritten_();
 }
 
 void CWatchItem::RestoreOld(const std::string &shown) {
@@ -99,34 +96,45 @@ void CWatchItem::RestoreOld(const std::string &shown) {
     SetValue(shown);
 }
 
-bool CWatchItem::Write(const TypedNumber &typed) const {
-    const bool fitsIntoCall = typed.fits && typed.value >= 0 && typed.value <= std::numeric_limits<uint32_t>::max();
-    if (Expression().starts_with('$') && fitsIntoCall) return WriteRegister(typed.value);
-    const COspreyVar *const variable = Debugger().Variables().Find(Expression());
-    bool taken = false;
-    if (variable && variable->size > 0 && !Expression().starts_with('$')) {
-        taken = typed.fits;
-        auto bytes = static_cast<uint64_t>(typed.value);
-        for (int i = 0; taken && i < variable->size; ++i, bytes >>= 8)
-            taken = SetByte(variable->address + i, static_cast<int64_t>(bytes));
-    } else {
-        taken = fitsIntoCall && Debugger().SetValue(Expression(), static_cast<int32_t>(typed.value));
-    }
-    if (!taken) Tell(IDS_WATCH_NOT_SET, Expression());
-    return taken;
+CWatchItem::Taken CWatchItem::Refuse(const std::string &why) const {
+    TellNotSet(IDS_WATCH_NOT_SET, Expression(), why);
+    return Taken::none;
 }
 
-bool CWatchItem::WriteRegister(int64_t value) const {
+CWatchItem::Taken CWatchItem::Write(const TypedNumber &typed) const {
+    if (!typed.fits) return Refuse();
+    const auto value = static_cast<uint64_t>(typed.value);
+    if (Expression().starts_with('$')) return WriteRegister(value);
+    const COspreyVar *const variable = Debugger().Variables().Find(Expression());
+    return variable && variable->size > 0 ? WriteVariable(*variable, value) : WriteName(value);
+}
+
+CWatchItem::Taken CWatchItem::WriteRegister(uint64_t value) const {
     const std::string name = Expression().substr(1);
     int address = AddressOf(name);
     if (uint16_t found = 0; address < 0) {
         if (!Debugger().RegNameToAddr(name, found)) {
-            Tell(IDS_WATCH_NO_REGISTER, Expression());
-            return false;
+            TellNotSet(IDS_WATCH_NO_REGISTER, Expression(), {});
+            return Taken::none;
         }
         address = found;
     }
-    if (SetByte(address, value)) return true;
-    Tell(IDS_WATCH_NOT_SET, Expression());
-    return false;
+    return value <= std::numeric_limits<uint8_t>::max() && SetByte(address, value) ? Taken::all : Refuse();
+}
+
+CWatchItem::Taken CWatchItem::WriteVariable(const COspreyVar &variable, uint64_t value) const {
+    const int size = variable.size;
+    if (size < static_cast<int>(sizeof value) && value >> size * 8 != 0) return Refuse();
+    for (int i = 0; i < size; ++i, value >>= 8) {
+        if (SetByte(variable.address + i, value)) continue;
+        Refuse();
+        return i > 0 ? Taken::part : Taken::none;
+    }
+    return Taken::all;
+}
+
+CWatchItem::Taken CWatchItem::WriteName(uint64_t value) const {
+    if (value > std::numeric_limits<uint32_t>::max()) return Refuse();
+    std::string why;
+    return SetTypedValue(Expression(), static_cast<int64_t>(value), why) ? Taken::all : Refuse(why);
 }

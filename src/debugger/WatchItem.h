@@ -7,6 +7,8 @@
 #include "debugger/WatchValue.h"
 #include "widgets/PropTreeItem.h"
 
+struct COspreyVar;
+
 class CWatchItem : public CPropTreeItemEdit {
 public:
     // `onWritten`: the user has typed a value, which the target has taken.
@@ -29,8 +31,14 @@ private:
     WatchAnswer Ask() const;
     WatchShown Shown() const { return {Value(), Look(), readOnly_}; }
     void Show(WatchShown shown);
-    bool Write(const TypedNumber &typed) const;         // false, with a line in the build list, when it isn't taken
-    bool WriteRegister(int64_t value) const;
+
+    // How much of a number the target has taken; with a line in the build list when it isn't all.
+    enum class Taken { none, part, all };
+    Taken Write(const TypedNumber &typed) const;
+    Taken WriteRegister(uint64_t value) const;
+    Taken WriteVariable(const COspreyVar &variable, uint64_t value) const;
+    Taken WriteName(uint64_t value) const;
+    Taken Refuse(const std::string &why = {}) const;
     void RestoreOld(const std::string &shown);
 
     WatchValue value_;

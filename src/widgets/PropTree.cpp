@@ -142,13 +142,15 @@ void CPropTree::SetNameWidth(int width) {
 
 // Whatever column is current, it is the value that is edited; a click has to be on one that can be.
 bool CPropTree::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) {
-    const bool byClick = trigger == SelectedClicked, begins = byClick || trigger == AllEditTriggers;
+    const bool byClick = trigger == SelectedClicked;  // which waits for a second one first
     if (byClick && index.column() != kValue) return false;
-    if (begins) {
-        auto *const item = index.isValid() ? dynamic_cast<CPropTreeItemEdit *>(CPropTreeModel::ItemOf(index)) : nullptr;
-        if (!item || !item->BeginEdit()) return false;
-    }
-    return QTreeView::edit(index.siblingAtColumn(kValue), trigger, event);
+    return QTreeView::edit(index.siblingAtColumn(kValue), trigger, event) && (byClick || state() == EditingState);
+}
+
+void CPropTree::CancelEdit() {
+    if (state() != EditingState) return;
+    if (QWidget *editor = indexWidget(currentIndex().siblingAtColumn(kValue)))
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
 bool CPropTree::event(QEvent *event) {

@@ -33,7 +33,7 @@ public:
     void Expand(CPropTreeItem *item, bool expand);
     bool IsExpanded(const CPropTreeItem *item) const;
     bool BeginEdit(CPropTreeItem *item);  // false when the row can't be edited
-    bool IsEditing() const { return state() == EditingState; }
+    void CancelEdit();                    // the open one, if any: its value stays as it was
 
     std::vector<CPropTreeItem *> SelectedItems() const;  // in the order on show
     std::string SelectedText() const;

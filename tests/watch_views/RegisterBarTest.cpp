@@ -50,7 +50,9 @@ protected:
         program.Command(ID_DEBUG_END);
         ASSERT_TRUE(program.WaitFor([&] { return !program.App().session.IsOpen(); }));
     }
-    bool Says(int text) { return program.BuildText().find(LoadText(text).substr(4)) != std::string::npos; }
+    bool Says(int text, const std::string &name = {}) {
+        return program.BuildText().find(LoadText(text, {name}).substr(4)) != std::string::npos;
+    }
     std::string Stored(const std::string &key) {
         return ReadProfileString("Register", key, "none", scratch.Windows("blink/blink.__c"));
     }
@@ -78,7 +80,15 @@ TEST_F(RegisterBar, RegistersAndBitsAreTypedOver) {
     EXPECT_EQ(Find("TRISB0")->Value(), "1");
     TypeOver("PR2", "zz");
     EXPECT_TRUE(Says(IDS_NOT_DECIMAL));
+    TypeOver("PR2", "300");
+    EXPECT_TRUE(Says(IDS_REGISTER_NOT_SET, "PR2"));
     EXPECT_EQ(Read("PR2"), 255);
+    TypeOver("PR2", "12abc");
+    EXPECT_EQ(Read("PR2"), 12);
+    const int w = Read("W");
+    TypeOver("W", "300");  // has no address
+    EXPECT_TRUE(Says(IDS_REGISTER_NOT_SET, "W"));
+    EXPECT_EQ(Read("W"), w);
     Do(ID_DEBUG_STEP_INTO);
     EXPECT_EQ(Register("TRISB").Value(), "1111");
     EXPECT_EQ(Register("TRISB").Look(), PropLook::changed);
@@ -89,6 +99,11 @@ TEST_F(RegisterBar, RegistersAndBitsAreTypedOver) {
     Register("PCL").SetFormat(kHexadecimal);
     EXPECT_EQ(Register("PCL").Look(), look);
     EXPECT_FALSE(Tree().BeginEdit(Tree().Items()[0].get()));
+    Bar().BlankValues();
+    TypeOver("TRISB7", "2");
+    EXPECT_EQ(Find("TRISB7")->Value(), "");
+    TypeOver("TRISB7", "1");
+    EXPECT_EQ(Read("TRISB"), 0x8F);
 }
 
 TEST_F(RegisterBar, KeepsFormatsGroupsAndWidths) {

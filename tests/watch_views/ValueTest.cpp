@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "debugger/RegisterValue.h"
+#include "debugger/TypedValue.h"
 #include "debugger/ValueFormat.h"
 #include "debugger/WatchList.h"
 #include "debugger/WatchValue.h"
@@ -78,7 +79,7 @@ TEST(WatchValue, ReadsTypedNumbersUpToWhatDoesNotBelong) {
     for (const auto &each : cases) EXPECT_EQ(ReadTyped(each.text, each.format), each.typed) << each.text;
 }
 
-TEST(RegisterValue, HasNoLeadingZerosAndReadsLikeAScan) {
+TEST(RegisterValue, HasNoLeadingZerosAndReadsWhatFits) {
     const struct {
         int value, format;
         const char *shown;
@@ -87,12 +88,25 @@ TEST(RegisterValue, HasNoLeadingZerosAndReadsLikeAScan) {
     const struct {
         const char *text;
         int format;
-        std::optional<int64_t> value;
+        TypedNumber typed;
     } typed[] = {
-        {"101", kBinary, 5}, {"1x1", kBinary, 5},       {"017", kOctal, 15},   {"0x1Gz", kHexadecimal, 1},
-        {"fF", kHexadecimal, 255}, {"-1", kDecimal, -1}, {"12 k", kDecimal, 12}, {"zz", kDecimal, {}}, {"", kBinary, {}},
+        {"101", kBinary, {5, true}},          {"1x1", kBinary, {5, true, false}},  {"zz", kBinary, {0, false, false}},
+        {"017", kOctal, {15, true}},          {"08", kOctal, {0, true, false}},    {"0x1Gz", kHexadecimal, {1, true, false}},
+        {"fF", kHexadecimal, {255, true}},    {"0x", kHexadecimal, {0, false}},    {"-1", kDecimal, {-1, true}},
+        {" +12", kDecimal, {12, true}},       {"12abc", kDecimal, {12, true, false}}, {"-", kDecimal, {0, false}},
     };
-    for (const auto &each : typed) EXPECT_EQ(ReadTypedRegister(each.text, each.format), each.value) << each.text;
+    for (const auto &each : typed) EXPECT_EQ(ReadTypedRegister(each.text, each.format), each.typed) << each.text;
+    EXPECT_FALSE(ReadTypedRegister("FFFFFFFFFFFFFFFF", kHexadecimal).fits);
+    EXPECT_FALSE(ReadTypedRegister("1" + std::string(64, '0'), kBinary).fits);
+}
+
+TEST(TypedValue, KnowsWhatTheTargetHasCutOff) {
+    const struct {
+        int64_t now, value;
+        bool cut;
+    } cases[] = {{44, 300, true},  {300, 300, false},    {0, 65536, true}, {5, 0x10005, true},
+                 {255, -1, false}, {127, -129, true}, {7, 300, false}};
+    for (const auto &each : cases) EXPECT_EQ(IsCutOff(each.now, each.value), each.cut) << each.value;
 }
 
 TEST(WatchList, GivesBackWhatTheUserWroteAndReadsEditedSections) {
