@@ -36,7 +36,7 @@ public:
     bool Ask(Request request, const Put &put = {}, const Take &take = {}, const Take &takeFailure = {});
 
     // A call that sets the target going: a stop is to come when it succeeds.
-    bool Go(Request request, const Put &put = {});
+    bool Go(Request request, const Put &put = {}, const Take &takeFailure = {});
 
     // A byte of data memory and of EEPROM; see CReadAhead for walks over them. Empty: it can't be read.
     std::optional<int> ReadData(int address);
