@@ -24,7 +24,7 @@ struct ProfileEntry {
 inline constexpr const char *kWidestFigures = " 100% (9999M)";
 
 // How many rows there are is fixed by the first update after Clear, which keeps the engine's order; later ones put the
-// heaviest on top. Entries that an answer has beyond the rows count into the total only; rows beyond its end have nothing.
+// heaviest on top. Entries that an answer has beyond the rows count into the total only; rows beyond its end have 0.
 class CProfileRows {
 public:
     void Update(const std::vector<ProfileEntry> &entries);

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::chrono::seconds kProfileInterest{2};  // without a question it is nobody's any more
+constexpr std::chrono::seconds kProfileInterest{2};  // of a run: then nobody asks for it any more
 constexpr int kLeastRate = 1'000, kMostRate = 1'000'000'000;  // hertz, of what the simulator reckons well with
 
 // "PIC16F628A", "16f628a" and the like are one type.

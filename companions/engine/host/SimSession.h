@@ -93,8 +93,8 @@ private:
     CChipFace face_;
     CConnections connections_;
     std::unique_ptr<Loaded> loaded_;
-    int nextId_ = 1;     // of breakpoints, watchpoints and connections
-    int clockRate_ = 0;  // hertz; 0: not set
-    bool profileAsked_ = false;  // since the last stop
-    Clock::time_point profileAskedAt_;  // since the start of the run command, or that
+    int nextId_ = 1;                    // of breakpoints, watchpoints and connections
+    int clockRate_ = 0;                 // hertz; 0: not set
+    bool profileAsked_ = false;         // since the last stop
+    Clock::time_point profileAskedAt_;  // the last time, or when the run command began
 };
