@@ -11,5 +11,6 @@ void ChooseColours(CTour &tour);
 void FindOnesWay(CTour &tour);
 void DebugTheExamples(CTour &tour);
 void LookIntoMemory(CTour &tour);
+void LookIntoLargeMemory(CTour &tour);
 void ArrangeTheFrame(CTour &tour);
 void LookIntoTheMenus(CTour &tour);

@@ -18,7 +18,8 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     CTour tour(directory);
     for (const auto stop : {StartWithNothing, OpenBuildAndJump, WorkOnTwoProjects, EditSources, FindOnesWay,
-                            DebugTheExamples, LookIntoMemory, ChooseColours, ArrangeTheFrame, LookIntoTheMenus})
+                            DebugTheExamples, LookIntoMemory, LookIntoLargeMemory, ChooseColours, ArrangeTheFrame,
+                            LookIntoTheMenus})
         stop(tour);
     tour.Say("The tour is over.");
     return 0;
