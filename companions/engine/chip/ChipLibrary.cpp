@@ -2,6 +2,7 @@
 
 #include <14bit-processors.h>
 #include <interface.h>
+#include <ioports.h>
 #include <sim_context.h>
 
 #include <algorithm>
@@ -103,6 +104,21 @@ void JoinCapture2(_16bit_processor &cpu) {
     cpu.ccpr2l.assign_tmr(&cpu.tmr1l);
 }
 
+class CLowSource : public SignalControl {
+    char getState() override { return '0'; }
+    void release() override {}
+};
+
+// Baseline chips have their reset on a pin that is an input only, whatever the program writes there. The library takes
+// that for the level of the pin, and resets the chip.
+void DetachInputOnlyPin(pic_processor &cpu) {
+    static CLowSource low;
+    constexpr unsigned int kInputOnly = 3;
+    for (unsigned int address = 0; address < cpu.register_memory_size(); ++address)
+        if (auto *port = dynamic_cast<PortRegister *>(cpu.registers[address]))
+            if (PinModule *pin = port->getIOpins(kInputOnly); pin && pin->getActiveControl()) pin->setSource(&low);
+}
+
 }  // namespace
 
 CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
@@ -116,6 +132,7 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
         RepeatBanks(cpu);
         JoinCapture2(static_cast<_16bit_processor &>(cpu));
     }
+    if (core == Core::baseline) DetachInputOnlyPin(cpu);
     gi.add_interface(&resetListener);
     cpu.setBreakOnReset(true);
     if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {

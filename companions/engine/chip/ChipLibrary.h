@@ -70,6 +70,8 @@ struct CSimChip::Impl {
     template <bool watching>
     ChipState RunLoop(const std::vector<bool> *stops, uint64_t most);
     void AfterReset();
+    void LeaveInterrupt();
+    void RaisePriorities(const CSimChip &chip);
     void LookAtHalt(unsigned int formerIndex, ChipState &state);
     ResetCause CauseOfReset(unsigned int formerIndex) const;
     void LookAtStack(unsigned int flags, ChipState &state);
@@ -79,6 +81,13 @@ struct CSimChip::Impl {
     void FromOutside(Change change);
     bool SomethingDue() const { return get_cycles().active.next != nullptr; }
 
+    // What each reset sets, though the library's don't.
+    struct Control {
+        Register *where;
+        uint8_t bits;
+    };
+    std::vector<Control> FindControls(const CSimChip &chip) const;
+
     pic_processor &cpu;  // the library's; lives as long as the process
     const bool isPic18;
     const Core core;
@@ -86,6 +95,7 @@ struct CSimChip::Impl {
     CResetListener &resetListener;
     CChipPins pins;
     CChipWatch watch;
+    std::vector<Control> controls;             // in the order in which they are set
     CRingStack *ring = nullptr;                // null: the chip has another kind of stack
     const unsigned int *stackFlags = nullptr;  // of StackFlag
     unsigned int seenStackFlags = 0;           // and the pins' alarm, which makes the run look at both
@@ -106,6 +116,7 @@ void CSimChip::Impl::FromOutside(Change change) {
     change();
     if (resetListener.heard) {  // by its pin
         resetListener.heard = false;
+        LeaveInterrupt();
         bp.clear_global();
     }
     if (cpu.mCurrentPhase == idle) cpu.mCurrentPhase = idle->getNextPhase();

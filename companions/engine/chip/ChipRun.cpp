@@ -31,6 +31,7 @@ void CSimChip::Impl::LookAtHalt(unsigned int formerIndex, ChipState &state) {
     bp.clear_global();
     if (resetListener.heard) {
         resetListener.heard = false;
+        LeaveInterrupt();
         ++resets;
         lastReset = {CauseOfReset(formerIndex), ToAddress(formerIndex)};
     } else if (cpu.pc->value == formerIndex || cpu.pc->value >= cpu.program_memory_size()) {
@@ -99,36 +100,6 @@ ChipState CSimChip::Impl::RunLoop(const std::vector<bool> *stops, uint64_t most)
             break;
     }
     return cpu.mCurrentPhase == idle ? ChipState::asleep : state;
-}
-
-// What a chip has on its mind after a reset from outside is of no interest to the next run.
-void CSimChip::Impl::AfterReset() {
-    bp.clear_global();
-    resetListener.heard = false;
-    // The library leaves a chip that was asleep in that phase.
-    cpu.mIdle->setNextPhase(cpu.mIdle);
-    cpu.mExecute1Cycle->setNextPhase(cpu.mExecute1Cycle);
-    if (pins.HoldReset())
-        cpu.mCurrentPhase = cpu.mIdle;
-    else
-        cpu.mCurrentPhase = cpu.mExecute1Cycle;
-    seenStackFlags = *stackFlags & kStackFlags;
-}
-
-void CSimChip::PowerOnReset() {
-    impl_->cpu.reset(POR_RESET);
-    if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to a rate of their own
-    impl_->AfterReset();
-    impl_->ReadWatched();
-    impl_->resets = 0;
-    impl_->firstCycle = get_cycles().get();
-}
-
-void CSimChip::Reset() {
-    impl_->cpu.reset(MCLR_RESET);
-    impl_->cpu.reset(EXIT_RESET);
-    impl_->AfterReset();
-    impl_->ReadWatched();
 }
 
 // The library throws where it finds itself at odds; such a chip goes no further.

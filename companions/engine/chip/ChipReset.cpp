@@ -1,0 +1,175 @@
+// What the library's resets leave out.
+#include <14bit-processors.h>
+
+#include <cctype>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "chip/ChipLibrary.h"
+
+namespace {
+
+// Registers of which each reset sets at least `bits` to their values at power-on, on all chips that have them; the
+// library sets most of them at power-on only. In the order in which they are set: interrupts go off first, flags are
+// cleared behind what may set them. In a name '#' is any number of digits and '@' any number of capitals.
+// The timers, captures, pins and general memory keep their values; timer 2 and its like are the ones that don't.
+constexpr struct {
+    std::string_view name;
+    uint8_t bits;
+} kSetByEachReset[] = {
+    {"INTCON", 0xfe},  // without the flag of the port's change
+    {"INTCON#", 0xff},
+    {"PIE#", 0xff},
+    {"IPR#", 0xff},
+    {"RCON", 0x80},    // the priority of interrupts; the others tell of resets
+    {"STATUS", 0xe0},  // the banks, or pages
+    {"BSR", 0xff},
+    {"PCLATH", 0xff},
+    {"PCLATU", 0xff},
+    {"OPTION_REG", 0xff},
+    {"TRIS@", 0xff},
+    {"ANSEL@", 0xff},
+    {"WPU@", 0xff},
+    {"IOC@", 0xff},
+    {"T0CON", 0xff},
+    {"T2CON", 0xff},
+    {"T4CON", 0xff},
+    {"T6CON", 0xff},
+    {"TMR2", 0xff},
+    {"TMR4", 0xff},
+    {"TMR6", 0xff},
+    {"PR2", 0xff},
+    {"PR4", 0xff},
+    {"PR6", 0xff},
+    {"CCP#CON", 0xff},
+    {"CCP#AS", 0xff},
+    {"CCPTMRS#", 0xff},
+    {"ECCP#CON", 0xff},
+    {"ECCP#AS", 0xff},
+    {"ECCP#DEL", 0xff},
+    {"PWM#CON", 0xff},
+    {"PSTR#CON", 0xff},
+    {"SSP#CON#", 0xff},
+    {"SSP#STAT", 0xff},
+    {"SSP#ADD", 0xff},
+    {"SSP#MSK", 0xff},
+    {"RCSTA#", 0xff},
+    {"TXSTA#", 0xff},
+    {"BAUDCON#", 0xff},
+    {"BAUDCTL", 0xff},
+    {"SPBRG@#", 0xff},
+    {"ADCON#", 0xff},
+    {"CM#CON#", 0xff},
+    {"VRCON", 0xff},
+    {"CVRCON", 0xff},
+    {"FVRCON", 0xff},
+    {"DACCON#", 0xff},
+    {"CPSCON#", 0xff},
+    {"SRCON#", 0xff},
+    {"APFCON#", 0xff},
+    {"MDCON", 0xff},
+    {"CLKRCON", 0xff},
+    {"CLC#CON", 0xff},
+    {"NCO#CON", 0xff},
+    {"CWG#CON#", 0xff},
+    {"LVDCON", 0xff},
+    {"HLVDCON", 0xff},
+    {"WDTCON", 0xff},
+    {"OSCCON", 0xff},
+    {"PIR#", 0xff},
+};
+
+bool Fits(std::string_view name, std::string_view form) {
+    for (; !form.empty(); form.remove_prefix(1)) {
+        const auto isMore = [&](int (*is)(int)) { return !name.empty() && is(static_cast<unsigned char>(name[0])); };
+        if (form[0] == '#') {
+            while (isMore(std::isdigit)) name.remove_prefix(1);
+        } else if (form[0] == '@') {
+            while (isMore(std::isupper)) name.remove_prefix(1);
+        } else {
+            if (name.empty() || name[0] != form[0]) return false;
+            name.remove_prefix(1);
+        }
+    }
+    return name.empty();
+}
+
+void SetAsAtPowerOn(Register &where, uint8_t bits) {
+    if (bits == 0xff) return where.reset(POR_RESET);
+    where.put_value((where.value.get() & ~bits) | (where.por_value.get() & bits));
+}
+
+}  // namespace
+
+std::vector<CSimChip::Impl::Control> CSimChip::Impl::FindControls(const CSimChip &chip) const {
+    std::vector<std::pair<std::string, Register *>> named;
+    for (uint32_t address = 0; address < cpu.register_memory_size(); ++address) {
+        Register *const found = RegisterAt(address);
+        if (found && found->address == address) named.emplace_back(chip.RegisterName(address), found);
+    }
+    std::vector<Control> controls;
+    for (const auto &[form, bits] : kSetByEachReset)
+        for (auto &[name, where] : named)
+            if (where && Fits(name, form)) controls.push_back({std::exchange(where, nullptr), bits});
+    return controls;
+}
+
+// The library has all interrupts of low priority at power-on, the chips of high priority.
+void CSimChip::Impl::RaisePriorities(const CSimChip &chip) {
+    if (!isPic18) return;
+    const auto find = [&](const std::string &name) -> Register * {
+        for (uint32_t address = 0; address < cpu.register_memory_size(); ++address)
+            if (chip.RegisterName(address) == name) return RegisterAt(address);
+        return nullptr;
+    };
+    for (const char *number : {"1", "2", "3", "4", "5"}) {
+        Register *const priorities = find(std::string("IPR") + number);
+        const auto *flags = dynamic_cast<PIR *>(find(std::string("PIR") + number));
+        if (priorities && flags && priorities->por_value.data == 0)
+            priorities->por_value = RegisterValue(flags->valid_bits & 0xff, 0);
+    }
+}
+
+// The library keeps it that the program is in an interrupt, and takes none then, until a return from it.
+void CSimChip::Impl::LeaveInterrupt() {
+    if (isPic18) {
+        INTCON_16 &intcon = static_cast<_16bit_processor &>(cpu).intcon;
+        intcon.in_interrupt = false;
+        intcon.set_interrupt_vector(0);
+    } else if (core != Core::baseline) {
+        if (INTCON *const intcon = static_cast<_14bit_processor &>(cpu).intcon) intcon->in_interrupt = false;
+    }
+}
+
+// What a chip has on its mind after a reset from outside is of no interest to the next run.
+void CSimChip::Impl::AfterReset() {
+    LeaveInterrupt();
+    bp.clear_global();
+    resetListener.heard = false;
+    // The library leaves a chip that was asleep in that phase.
+    cpu.mIdle->setNextPhase(cpu.mIdle);
+    cpu.mExecute1Cycle->setNextPhase(cpu.mExecute1Cycle);
+    if (pins.HoldReset())
+        cpu.mCurrentPhase = cpu.mIdle;
+    else
+        cpu.mCurrentPhase = cpu.mExecute1Cycle;
+    seenStackFlags = *stackFlags & kStackFlags;
+}
+
+void CSimChip::PowerOnReset() {
+    impl_->cpu.reset(POR_RESET);
+    if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to a rate of their own
+    impl_->AfterReset();
+    impl_->ReadWatched();
+    impl_->resets = 0;
+    impl_->firstCycle = get_cycles().get();
+}
+
+void CSimChip::Reset() {
+    impl_->cpu.reset(MCLR_RESET);
+    impl_->cpu.reset(EXIT_RESET);
+    for (const Impl::Control &control : impl_->controls) SetAsAtPowerOn(*control.where, control.bits);
+    impl_->AfterReset();
+    impl_->ReadWatched();
+}
