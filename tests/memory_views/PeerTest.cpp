@@ -20,11 +20,12 @@ class Peer : public MemoryProgram, public testing::WithParamInterface<Meeting> {
 protected:
     PeerState PeerAt(int64_t cycle) {
         const std::string example = GetParam().example, told = scratch.Native("told");
-        // It begins with pointers that POSTINC has moved already, and goes on to the end of the instruction that begins at
-        // the cycle of a break.
-        scratch.Write("commands", "fsr0l = 0\nfsr1l = 0\nfsr2l = 0\nbreak c " + std::to_string(cycle - 1) + "\nrun\ndump r\ndump e\nquit\n");
-        const std::string command = "gpsim -i -s '" + scratch.Native(example + "/Debug/" + example + ".cod") + "' -c '" +
-                                    scratch.Native("commands") + "' >'" + told + "' 2>&1 </dev/null";
+        // It begins with pointers that POSTINC has moved already, and goes on to the end of the instruction that begins
+        // at the cycle of a break.
+        scratch.Write("commands", "fsr0l = 0\nfsr1l = 0\nfsr2l = 0\nbreak c " + std::to_string(cycle - 1) +
+                                      "\nrun\ndump r\ndump e\nquit\n");
+        const std::string command = "gpsim -i -s '" + scratch.Native(example + "/Debug/" + example + ".cod") +
+                                    "' -c '" + scratch.Native("commands") + "' >'" + told + "' 2>&1 </dev/null";
         EXPECT_EQ(std::system(command.c_str()), 0) << command;
         PeerState peer;
         std::vector<std::string> *bytes = nullptr;

@@ -1,4 +1,4 @@
-// The views of a debug run: what a step changes in each, values typed over, a watchpoint that stops the run, the profile.
+// The views of a debug run: what a step changes in each, values typed over, a watchpoint, a minute's profile.
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -32,7 +32,7 @@
 
 namespace {
 
-constexpr int kPortB = 0x06, kPcl = 0x02, kTrisB = 0x86, kFree = 0x30;
+constexpr int kPortB = 0x06, kPcl = 0x02, kTrisB = 0x86, kFree = 0x30, kEeData18 = 0xFA8;
 constexpr int64_t kMinute = 60'000'000;  // cycles at 4 MHz
 
 class CViewStop {
@@ -180,9 +180,9 @@ void LookIntoMemory(CTour &tour) {
     const struct {
         const char *expression;
         int format;
-    } watches[] = {{"ticks_left", kDecimal},          {"$OPTION_REG", kOctal},  {"$TRISB", kBinary},
-                   {"$pc", kHexadecimal},             {"$PORTB", kBinary},      {"ticks_left * 256 + port_image", kDecimal},
-                   {"port_image", kHexadecimal},      {"no_such_name", kOctal}, {"$TMR0", kHexadecimal}};
+    } watches[] = {{"ticks_left", kDecimal},     {"$OPTION_REG", kOctal},  {"$TRISB", kBinary},
+                   {"$pc", kHexadecimal},        {"$PORTB", kBinary},      {"ticks_left * 256 + port_image", kDecimal},
+                   {"port_image", kHexadecimal}, {"no_such_name", kOctal}, {"$TMR0", kHexadecimal}};
     for (const auto &watch : watches) stop.Watch(watch.expression, watch.format);
     stop.Do(ID_DEBUG_STEP_OVER);
     for (int i = 0; i < 20 && stop.Value("$OPTION_REG") != "135"; ++i) stop.Do(ID_DEBUG_STEP_INTO);
@@ -278,6 +278,9 @@ void LookIntoLargeMemory(CTour &tour) {
     tour.Check(stop.Shows(stop.Registers(), "EEDATA", "1", PropLook::changed) &&
                    stop.Shows(stop.Watches(), "$EEDATA", "0x1 'SOH'", PropLook::changed),
                "which the registers and the watches show, too");
+    stop.Registers().SelectItem(&stop.Row(stop.Registers(), "EEDATA"));
+    stop.Ram().Grid().SetCurrent(CMemoryBar::HexPlace(kEeData18));
+    tour.Check(stop.Byte(stop.Ram(), kEeData18).Value() == 1, "and the memory at its far end");
     stop.Pictures("views-eeprom");
     program.Command(ID_DEBUG_END);
     tour.Check(program.Unexpected().empty(), "no box came up");
