@@ -66,6 +66,7 @@ void CServer::RunSlice() {
         return;
     }
     const auto now = std::chrono::steady_clock::now();
+    slicedAt_ = now;
     if (now - toldAt_ < kClockInterval) return;
     toldAt_ = now;
     LeaveIfAlone();
@@ -76,11 +77,7 @@ void CServer::RunSlice() {
 // Behind a call mostly comes the next one: a view that reads many values while the target runs doesn't wait a slice for
 // each. The target gets its turn all the same.
 bool CServer::LingersForCalls() {
-    if (!std::exchange(lingers_, false)) {
-        slicedAt_ = std::chrono::steady_clock::now();
-        return false;
-    }
-    return std::chrono::steady_clock::now() - slicedAt_ < kMostLinger;
+    return std::exchange(lingers_, false) && std::chrono::steady_clock::now() - slicedAt_ < kMostLinger;
 }
 
 // Such a change can be the answer to the one before it, without end: a stop and a slice get their turn all the same.
