@@ -38,7 +38,13 @@ TEST(StepBack, GoesBackStopByStopAHundredTimes) {
         ASSERT_EQ(debugger.Call<DbgGetRegFn>("DbgGetReg", 1, &value), kDbgOk);
         ASSERT_EQ(value, i + 1) << "as it stood when the step was taken";
     }
-    EXPECT_EQ(debugger.Command("DbgStepBack"), kDbgFailed);
+    for (const auto &[command, why] : {std::pair("DbgStepBack", "There is no earlier stop."),
+                                       std::pair("DbgStepOut", "Nothing was called.")}) {
+        char words[256] = "";
+        EXPECT_EQ(debugger.Command(command), kDbgFailed);
+        EXPECT_EQ(debugger.Call<DbgGetErrorTextFn>("DbgGetErrorText", words, int{sizeof words}), kDbgOk);
+        EXPECT_STREQ(words, why);
+    }
     EXPECT_TRUE(WaitUntil([] { return HostProcesses(getpid()).size() == 2; }));
     EXPECT_EQ(run.Do("DbgStepInto").line, kSteps - 99);
 }

@@ -165,6 +165,25 @@ TEST(Run, TellsWhatTheChipComesTo) {
 }
 
 // A reset takes the simulator as long as a thousand instructions do: a slice has room for few of them.
+// Each return is one too many, and does nothing.
+TEST(Run, GoesOnFromWhereTheStackHasStoppedIt) {
+    for (bool told : {false, true}) {
+        ToyRun run({{1, Op::back}, {2, Op::add, 8, 1}, {3, Op::back}, {4, Op::jump, 0}});
+        run.control.TellInstructions(told);
+        EXPECT_EQ(run.Do(RunKind::run), kDbgStopped);
+        EXPECT_EQ(run.Do(RunKind::run), 0);
+        run.control.Stop();
+        EXPECT_EQ(run.control.Slice(run.events).reason, kDbgStopped);
+        EXPECT_EQ(run.events.told, std::vector<int>{kDbgNoteStack});
+        run.chip.SetProgramCounter(1);
+        run.control.WasReset();
+        EXPECT_EQ(run.Do(RunKind::run), kDbgStopped) << "behind a reset";
+        run.chip.SetProgramCounter(0);
+        EXPECT_EQ(run.Do(RunKind::run), kDbgStopped) << "from another place";
+        EXPECT_EQ(run.chip.ProgramCounter(), 1u);
+    }
+}
+
 TEST(Run, GoesOnInAProgramThatResetsForEver) {
     ToyRun run({{1, Op::nop}, {2, Op::call, 3}, {3, Op::nop}, {4, Op::reset}});
     for (bool told : {false, true}) {

@@ -37,6 +37,16 @@ void ServeRun(void *param) try {
 } catch (const std::exception &) {
 }
 
+// One that is also refused when there is nothing to do, and gives words for that.
+int GoWithWords(Request request, const CRun::Put &put) {
+    return OnRun([&](CRun &run) {
+        std::string words;
+        const bool good = run.Go(request, put, [&](CMessageReader &in) { words = in.Text(); });
+        KeepError(words);
+        return Answer(good);
+    });
+}
+
 int Start(RunKind kind) {
     return OnRun([&](CRun &run) {
         return Answer(run.Go(Request::start, [&](CMessageWriter &out) { out.PutNumber(static_cast<int>(kind)); }));
@@ -180,14 +190,15 @@ ENGINE_EXPORT int DbgStepOverInstr() {
     return Start(RunKind::stepOverInstr);
 }
 ENGINE_EXPORT int DbgStepOut() {
-    return Start(RunKind::stepOut);
+    return GoWithWords(Request::start,
+                       [](CMessageWriter &out) { out.PutNumber(static_cast<int>(RunKind::stepOut)); });
 }
 ENGINE_EXPORT int DbgStop() {
     return Ask(Request::stop);
 }
 
 ENGINE_EXPORT int DbgStepBack() {
-    return OnRun([](CRun &run) { return Answer(run.Go(Request::stepBack)); });
+    return GoWithWords(Request::stepBack, {});
 }
 
 ENGINE_EXPORT int DbgSimLock() {

@@ -34,6 +34,7 @@ CRunControl::CRunControl(IChip &chip, const IProgramMap &map, CBreakpoints &brea
 bool CRunControl::Start(RunKind kind) {
     if (!plan_.Begin(kind)) return false;
     stopWished_ = false;
+    goesOnFromIt_ = stackStop_ == chip_.ProgramCounter();
     watchpoints_.ForgetWritten();
     return true;
 }
@@ -73,7 +74,8 @@ void CRunControl::TellPins(CSessionEvents &events) {
 
 void CRunControl::WasReset() {
     plan_.Abandon();
-    asleep_ = toldSleep_ = toldReset_ = stopWished_ = false;
+    asleep_ = toldSleep_ = toldReset_ = stopWished_ = goesOnFromIt_ = false;
+    stackStop_.reset();
     seenResets_ = chip_.Resets();
     resetAt_ = chip_.Cycles();
 }
@@ -161,7 +163,12 @@ CRunControl::End CRunControl::Judge(ChipState state, CSessionEvents &events) {
             return std::nullopt;
         case ChipState::offProgram: return Ended(kDbgBadMemory);
         case ChipState::stackOverflow:
-        case ChipState::stackUnderflow: events.Tell(kDbgNoteStack, {}); return Ended(kDbgStopped);
+        case ChipState::stackUnderflow:
+            asleep_ = toldSleep_ = false;
+            if (goesOnFromIt_) return std::nullopt;
+            stackStop_ = chip_.ProgramCounter();
+            events.Tell(kDbgNoteStack, {});
+            return Ended(kDbgStopped);
     }
     return std::nullopt;
 }

@@ -65,5 +65,7 @@ private:
     bool tell_ = false;
     bool asleep_ = false;
     bool toldSleep_ = false;  // that nothing will wake it
+    std::optional<uint32_t> stackStop_;  // where the last stop by the stack was, since the reset
+    bool goesOnFromIt_ = false;          // what runs has begun there, and isn't stopped by the stack again
     bool stopWished_ = false;
 };

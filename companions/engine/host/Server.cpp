@@ -221,11 +221,11 @@ CServer::Answer CServer::Perform(Request request, CMessageReader &in, CMessageWr
         case Request::reset:
             return Reset(in.Int() != 0);
         case Request::start:
-            return Start(static_cast<RunKind>(in.Int()));
+            return Start(static_cast<RunKind>(in.Int()), out);
         case Request::stop:
             return Stop();
         case Request::stepBack:
-            return StepBack();
+            return StepBack(out);
         case Request::lock:
             ++block_.locks;
             return Answer::done;
@@ -269,12 +269,13 @@ CServer::Answer CServer::Reset(bool powerOn) {
     return Answer::done;
 }
 
-CServer::Answer CServer::Start(RunKind kind) {
+CServer::Answer CServer::Start(RunKind kind, CMessageWriter &out) {
     if (!wasReset_ || !IsStanding()) return Answer::refused;
     const auto taken = snapshots_.Take();
     if (taken == CSnapshots::Taken::woken) return BecomeLive();
     if (!session_->Start(kind)) {
         if (taken == CSnapshots::Taken::going) snapshots_.DropYoungest();
+        if (kind == RunKind::stepOut) out.PutText("Nothing was called.");
         return Answer::refused;
     }
     running_ = true;
@@ -288,8 +289,13 @@ CServer::Answer CServer::Stop() {
     return Answer::done;
 }
 
-CServer::Answer CServer::StepBack() {
-    if (!IsStanding() || !snapshots_.HasYoungest() || !StoreSettings()) return Answer::refused;
+CServer::Answer CServer::StepBack(CMessageWriter &out) {
+    if (!IsStanding()) return Answer::refused;
+    if (!snapshots_.HasYoungest()) {
+        out.PutText("There is no earlier stop.");
+        return Answer::refused;
+    }
+    if (!StoreSettings()) return Answer::refused;
     Reply(true, 0);  // before the other process looks for calls
     snapshots_.WakeYoungest();
     _exit(0);

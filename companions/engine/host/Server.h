@@ -36,9 +36,9 @@ private:
     Answer OpenChip(CMessageReader &in, CMessageWriter &out);
     Answer Load(CMessageReader &in, CMessageWriter &out);
     Answer Reset(bool powerOn);
-    Answer Start(RunKind kind);
+    Answer Start(RunKind kind, CMessageWriter &out);
     Answer Stop();
-    Answer StepBack();
+    Answer StepBack(CMessageWriter &out);
     void Reply(bool good, size_t size);
     CMessageWriter ReplyRoom();
 
