@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds: bytes of one
-// block are of one moment, those of the next one, and the first few of a walk, of others.
+// Any thread. A block holds while the chip's state is the same; while the target runs, for some milliseconds: bytes of
+// one block are of one moment, those of the next one, and the first few of a walk, of others.
 class CReadAhead {
 public:
     static constexpr int kUnreadable = -1;
