@@ -21,8 +21,8 @@ public:
     void SetFormat(int format);  // and reads the value, which stands out as it did before
     void AddBit(CRegisterBitItem &bit) { bits_.push_back(&bit); }  // a row below this one
 
-    // Reads the value and compares it with the one of the refresh before; or, at the same stop of the target, with the one
-    // that this was compared with.
+    // Reads the value and compares it with the one of the refresh before; or, at the same stop of the target, with the
+    // one that this was compared with.
     void Refresh(bool sameStop);
     void Blank();       // with its bits
     void ShowError();
@@ -41,7 +41,7 @@ private:
     void SetLookOfAll(PropLook look);
 
     RegisterValue value_;
-    std::optional<uint16_t> held_;  // what the bits show: `cur`, or what bits were made to since; none: no value was read
+    std::optional<uint16_t> held_;  // what the bits show: `cur`, or what bits were made to since; none: not read yet
     std::string expression_;        // "$NAME"
     std::vector<CRegisterBitItem *> bits_;
     std::function<void()> onWritten_;

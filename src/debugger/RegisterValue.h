@@ -17,6 +17,6 @@ struct RegisterValue {
 // Without leading zeros in every format; unlike a watch's.
 std::string RegisterText(uint16_t value, int format);
 
-// As of a watch, but for a sign that decimal numbers may have, and binary ones: there each character that isn't a "1" is a
-// 0. `isWhole` is false with such a one.
+// As of a watch, but for a sign that decimal numbers may have, and binary ones: there each character that isn't a "1"
+// is a 0. `isWhole` is false with such a one.
 TypedNumber ReadTypedRegister(std::string_view text, int format);

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-// False, with the value as it was, when the engine refuses, then with its words in `why`, or when the target has no room
-// for all of the number.
+// False, with the value as it was, when the engine refuses, then with its words in `why`, or when the target has no
+// room for all of the number.
 bool SetTypedValue(const std::string &name, int64_t value, std::string &why);
 
 // Whether `now`, which the target has after `value` was written, is only the lowest of its bytes.

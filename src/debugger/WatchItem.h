@@ -19,8 +19,8 @@ public:
     int Format() const { return value_.format; }
     void SetFormat(int format);  // and reads the value, which stands out as it did before
 
-    // Reads the value and compares it with the one of the refresh before; or, at the same stop of the target, with the one
-    // that this was compared with.
+    // Reads the value and compares it with the one of the refresh before; or, at the same stop of the target, with the
+    // one that this was compared with.
     void Refresh(bool sameStop);
     void Blank();
 

@@ -90,10 +90,12 @@ TEST(RegisterValue, HasNoLeadingZerosAndReadsWhatFits) {
         int format;
         TypedNumber typed;
     } typed[] = {
-        {"101", kBinary, {5, true}},          {"1x1", kBinary, {5, true, false}},  {"zz", kBinary, {0, false, false}},
-        {"017", kOctal, {15, true}},          {"08", kOctal, {0, true, false}},    {"0x1Gz", kHexadecimal, {1, true, false}},
-        {"fF", kHexadecimal, {255, true}},    {"0x", kHexadecimal, {0, false}},    {"-1", kDecimal, {-1, true}},
-        {" +12", kDecimal, {12, true}},       {"12abc", kDecimal, {12, true, false}}, {"-", kDecimal, {0, false}},
+        {"101", kBinary, {5, true}},       {"1x1", kBinary, {5, true, false}},
+        {"zz", kBinary, {0, false, false}}, {"017", kOctal, {15, true}},
+        {"08", kOctal, {0, true, false}},  {"0x1G", kHexadecimal, {1, true, false}},
+        {"fF", kHexadecimal, {255, true}}, {"0x", kHexadecimal, {0, false}},
+        {"-1", kDecimal, {-1, true}},      {" +12", kDecimal, {12, true}},
+        {"-", kDecimal, {0, false}},       {"12abc", kDecimal, {12, true, false}},
     };
     for (const auto &each : typed) EXPECT_EQ(ReadTypedRegister(each.text, each.format), each.typed) << each.text;
     EXPECT_FALSE(ReadTypedRegister("FFFFFFFFFFFFFFFF", kHexadecimal).fits);

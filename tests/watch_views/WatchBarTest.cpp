@@ -181,8 +181,10 @@ TEST_F(WatchBar, TakesExpressionsFromSourceDialogAndDropAndKeepsThem) {
 
     const std::string before = Rows();
     Tree().BeginEdit(&Row(0));
-    QTest::keyClicks(Tree().viewport()->findChild<QLineEdit *>(), "9");
+    const QModelIndex edited = Tree().currentIndex().siblingAtColumn(1);
+    QTest::keyClicks(Tree().indexWidget(edited), "9");
     EndRun();
+    EXPECT_FALSE(Tree().indexWidget(edited));
     EXPECT_EQ(Rows(), before);
     EXPECT_EQ(Row(0).Look(), PropLook::normal);
     EXPECT_FALSE(Says(IDS_WATCH_NOT_SET, "ticks_left"));
