@@ -34,8 +34,7 @@ void ExpectSetByReset(const std::string &type, const Values &set, const Values &
     chip->Reset();
     for (const auto &[name, value] : set)
         EXPECT_EQ(*chip->ReadRegister(AddressOf(*chip, name)) & (name == "INTCON" ? 0xfe : 0xff), value) << name;
-    for (const auto &[name, value] : kept)
-        EXPECT_EQ(chip->ReadRegister(AddressOf(*chip, name)), ~value & 0xff) << name;
+    for (const auto &[name, value] : kept) EXPECT_EQ(chip->ReadRegister(AddressOf(*chip, name)), ~value & 0xff) << name;
 }
 
 class ResetInAnInterrupt : public testing::TestWithParam<const char *> {};
@@ -69,8 +68,18 @@ INSTANTIATE_TEST_SUITE_P(Chips, ResetInAnInterrupt, testing::Values("PIC16F877A"
 
 TEST(Reset, SetsControlRegistersOfMidRange) {
     ExpectSetByReset("PIC16F877A",
-                     {{"INTCON", 0}, {"PIE1", 0}, {"PIE2", 0}, {"PIR2", 0}, {"T2CON", 0}, {"RCSTA", 0}, {"TXSTA", 2},
-                      {"ADCON0", 0}, {"CCP1CON", 0}, {"SSPCON", 0}, {"PR2", 0xff}, {"TRISB", 0xff}},
+                     {{"INTCON", 0},
+                      {"PIE1", 0},
+                      {"PIE2", 0},
+                      {"PIR2", 0},
+                      {"T2CON", 0},
+                      {"RCSTA", 0},
+                      {"TXSTA", 2},
+                      {"ADCON0", 0},
+                      {"CCP1CON", 0},
+                      {"SSPCON", 0},
+                      {"PR2", 0xff},
+                      {"TRISB", 0xff}},
                      {{"FSR", 0x12}, {"CCPR1L", 0x34}});
 }
 TEST(Reset, SetsControlRegistersOfEnhancedChips) {
@@ -79,15 +88,23 @@ TEST(Reset, SetsControlRegistersOfEnhancedChips) {
 }
 TEST(Reset, SetsControlRegistersOfPic18) {
     ExpectSetByReset("PIC18F452",
-                     {{"INTCON", 0}, {"INTCON2", 0xf5}, {"INTCON3", 0xc0}, {"PIE1", 0}, {"IPR1", 0xff},
-                      {"T2CON", 0}, {"RCSTA", 0}, {"TXSTA", 2}, {"T0CON", 0xff}},
+                     {{"INTCON", 0},
+                      {"INTCON2", 0xf5},
+                      {"INTCON3", 0xc0},
+                      {"PIE1", 0},
+                      {"IPR1", 0xff},
+                      {"T2CON", 0},
+                      {"RCSTA", 0},
+                      {"TXSTA", 2},
+                      {"T0CON", 0xff}},
                      {{"FSR0L", 0x12}, {"LATB", 0x34}, {"PRODL", 0x56}});
 }
 
 TEST(Reset, IsNotBroughtByThePortOfABaselineChip) {
-    const auto chip = MakeChipOf("PIC12F508",
-                                 "  __config _WDT_OFF & _MCLRE_ON & _IntRC_OSC\n  org 0\n  movlw 0x80\n  option\n"
-                                 "  movlw 0xc0\n  option\nagain\n  incf 0x10, f\n  movf 0x10, w\n  movwf GPIO\n  goto again");
+    const auto chip =
+        MakeChipOf("PIC12F508",
+                   "  __config _WDT_OFF & _MCLRE_ON & _IntRC_OSC\n  org 0\n  movlw 0x80\n  option\n"
+                   "  movlw 0xc0\n  option\nagain\n  incf 0x10, f\n  movf 0x10, w\n  movwf GPIO\n  goto again");
     ASSERT_TRUE(chip);
     chip->RunTo({}, 1000);
     EXPECT_EQ(chip->Resets(), 0u);
