@@ -41,8 +41,6 @@ protected:
         }
         return peer;
     }
-    // They are low on that program's chips at power-on, and high on real ones.
-    static bool IsPriority(const std::string &name) { return name.starts_with("IPR"); }
     static std::string Told(const std::vector<std::string> &bytes, int address) {
         const auto place = static_cast<size_t>(address);
         const bool there = place < bytes.size() && bytes[place] != "--" && !bytes[place].empty();
@@ -68,7 +66,7 @@ TEST_P(Peer, ShowsTheSameAtTheSameCycle) {
         ASSERT_EQ(Pc(), static_cast<int>(peer.pc));
         for (int address = 0; address < CMemoryBar::kBytesInRow * Ram().Grid().RowCount(); ++address) {
             const std::string name = WatchedRegister("$" + std::to_string(address));
-            if (name == "PCL" || IsPriority(name)) continue;  // it tells PCL as the next instruction reads it
+            if (name == "PCL") continue;  // it tells PCL as the next instruction reads it
             EXPECT_EQ(Shown(Ram(), address), Told(peer.bytes[0], address)) << address;
         }
         for (int address = 0; address < CMemoryBar::kBytesInRow * Eeprom().Grid().RowCount(); ++address)
@@ -76,7 +74,6 @@ TEST_P(Peer, ShowsTheSameAtTheSameCycle) {
         int registers = 0;
         for (const auto &group : tree.Items())
             for (const auto &row : group->Children()) {
-                if (IsPriority(row->Label())) continue;
                 uint16_t address = 0;
                 const bool found = program.App().debugger.RegNameToAddr(row->Label(), address);
                 const std::string told = found ? Told(peer.bytes[0], address) : "";

@@ -71,7 +71,6 @@ struct CSimChip::Impl {
     ChipState RunLoop(const std::vector<bool> *stops, uint64_t most);
     void AfterReset();
     void LeaveInterrupt();
-    void RaisePriorities(const CSimChip &chip);
     void LookAtHalt(unsigned int formerIndex, ChipState &state);
     ResetCause CauseOfReset(unsigned int formerIndex) const;
     void LookAtStack(unsigned int flags, ChipState &state);

@@ -68,7 +68,6 @@ std::unique_ptr<CSimChip> CSimChip::Create(const std::string &type, std::string 
     auto impl = std::make_unique<Impl>(*cpu, dynamic_cast<_16bit_processor *>(cpu) != nullptr);
     std::unique_ptr<CSimChip> chip(new CSimChip(std::move(impl)));
     chip->impl_->controls = chip->impl_->FindControls(*chip);
-    chip->impl_->RaisePriorities(*chip);
     chip->PowerOnReset();
     return chip;
 } catch (...) {
