@@ -19,20 +19,20 @@ constexpr struct {
     uint8_t bits;
 } kSetByEachReset[] = {
     {"INTCON", 0xfe},  // without the flag of the port's change
-    {"INTCON#", 0xff},  {"PIE#", 0xff},     {"IPR#", 0xff},     {"RCON", 0x80},  // the priority of interrupts; the
-                                                                                 // others tell of resets
-    {"STATUS", 0xe0},                                                            // the banks, or pages
-    {"BSR", 0xff},      {"PCLATH", 0xff},   {"PCLATU", 0xff},   {"OPTION_REG", 0xff}, {"TRIS@", 0xff},
-    {"ANSEL@", 0xff},   {"WPU@", 0xff},     {"IOC@", 0xff},     {"T0CON", 0xff},      {"T2CON", 0xff},
-    {"T4CON", 0xff},    {"T6CON", 0xff},    {"TMR2", 0xff},     {"TMR4", 0xff},       {"TMR6", 0xff},
-    {"PR2", 0xff},      {"PR4", 0xff},      {"PR6", 0xff},      {"CCP#CON", 0xff},    {"CCP#AS", 0xff},
-    {"CCPTMRS#", 0xff}, {"ECCP#CON", 0xff}, {"ECCP#AS", 0xff},  {"ECCP#DEL", 0xff},   {"PWM#CON", 0xff},
-    {"PSTR#CON", 0xff}, {"SSP#CON#", 0xff}, {"SSP#STAT", 0xff}, {"SSP#ADD", 0xff},    {"SSP#MSK", 0xff},
-    {"RCSTA#", 0xff},   {"TXSTA#", 0xff},   {"BAUDCON#", 0xff}, {"BAUDCTL", 0xff},    {"SPBRG@#", 0xff},
-    {"ADCON#", 0xff},   {"CM#CON#", 0xff},  {"VRCON", 0xff},    {"CVRCON", 0xff},     {"FVRCON", 0xff},
-    {"DACCON#", 0xff},  {"CPSCON#", 0xff},  {"SRCON#", 0xff},   {"APFCON#", 0xff},    {"MDCON", 0xff},
-    {"CLKRCON", 0xff},  {"CLC#CON", 0xff},  {"NCO#CON", 0xff},  {"CWG#CON#", 0xff},   {"LVDCON", 0xff},
-    {"HLVDCON", 0xff},  {"WDTCON", 0xff},   {"OSCCON", 0xff},   {"PIR#", 0xff},
+    {"RCON", 0x80},    // the priorities of interrupts; the others tell of resets
+    {"STATUS", 0xe0},  // the banks, or pages
+    {"INTCON#", 0xff},  {"PIE#", 0xff},       {"IPR#", 0xff},    {"BSR", 0xff},      {"PCLATH", 0xff},
+    {"PCLATU", 0xff},   {"OPTION_REG", 0xff}, {"TRIS@", 0xff},   {"ANSEL@", 0xff},   {"WPU@", 0xff},
+    {"IOC@", 0xff},     {"T0CON", 0xff},      {"T2CON", 0xff},   {"T4CON", 0xff},    {"T6CON", 0xff},
+    {"TMR2", 0xff},     {"TMR4", 0xff},       {"TMR6", 0xff},    {"PR2", 0xff},      {"PR4", 0xff},
+    {"PR6", 0xff},      {"CCP#CON", 0xff},    {"CCP#AS", 0xff},  {"CCPTMRS#", 0xff}, {"ECCP#CON", 0xff},
+    {"ECCP#AS", 0xff},  {"ECCP#DEL", 0xff},   {"PWM#CON", 0xff}, {"PSTR#CON", 0xff}, {"SSP#CON#", 0xff},
+    {"SSP#STAT", 0xff}, {"SSP#ADD", 0xff},    {"SSP#MSK", 0xff}, {"RCSTA#", 0xff},   {"TXSTA#", 0xff},
+    {"BAUDCON#", 0xff}, {"BAUDCTL", 0xff},    {"SPBRG@#", 0xff}, {"ADCON#", 0xff},   {"CM#CON#", 0xff},
+    {"VRCON", 0xff},    {"CVRCON", 0xff},     {"FVRCON", 0xff},  {"DACCON#", 0xff},  {"CPSCON#", 0xff},
+    {"SRCON#", 0xff},   {"APFCON#", 0xff},    {"MDCON", 0xff},   {"CLKRCON", 0xff},  {"CLC#CON", 0xff},
+    {"NCO#CON", 0xff},  {"CWG#CON#", 0xff},   {"LVDCON", 0xff},  {"HLVDCON", 0xff},  {"WDTCON", 0xff},
+    {"OSCCON", 0xff},   {"PIR#", 0xff},
 };
 
 bool Fits(std::string_view name, std::string_view form) {
