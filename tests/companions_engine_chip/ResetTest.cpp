@@ -92,7 +92,6 @@ TEST(Reset, SetsControlRegistersOfPic18) {
                       {"INTCON2", 0xf5},
                       {"INTCON3", 0xc0},
                       {"PIE1", 0},
-                      {"IPR1", 0xff},
                       {"T2CON", 0},
                       {"RCSTA", 0},
                       {"TXSTA", 2},
