@@ -34,7 +34,7 @@ protected:
     int MainLine(const std::string &begin) { return LineOf("main.asm", begin); }
     CMarker *Find(int line) { return List().Find(scratch.Windows("blink/main.asm"), line); }
 
-    bool Stands() { return program.App().session.IsOpen() && !program.App().session.IsRunning(); }
+    bool Stands() { return program.App().session.IsStanding(); }
     bool RunToStop(int command) {
         program.Command(command);
         return program.App().session.IsOpen() &&

@@ -20,11 +20,9 @@ protected:
     void Start(const std::string &project = "blink");  // opens and builds a copy of the example
     CDebugSession &Session() { return program->App().session; }
     bool WaitForStop() {
-        return program->WaitFor([this] { return Session().IsOpen() && !Session().IsRunning(); }) && Settled();
-    }
-    bool Settled() {
+        const bool stands = program->WaitFor([this] { return Session().IsStanding(); });
         program->Settle();
-        return !Session().IsRunning();
+        return stands && Session().IsStanding();
     }
     std::string ExecutionPlace();     // "main.asm:30" of the execution mark, line from 1; empty without one
     std::string Value(const std::string &name);  // of the target, "?" when it has none

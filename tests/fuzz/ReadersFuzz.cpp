@@ -53,8 +53,8 @@ Told Read(const std::string &text) {
     const bool profile = dbgProfileList(
         text.c_str(),
         [](const char *name, int count, void *user) {
-            Expect(*name != '\0' && count >= 0, "a function has a name and a count");
-            static_cast<Told *>(user)->profile.push_back({name, static_cast<uint64_t>(count)});
+            Expect(*name != '\0', "a function has a name");
+            static_cast<Told *>(user)->profile.push_back({name, static_cast<uint32_t>(count)});
         },
         &told);
     const bool bits = dbgBitNames(

@@ -51,7 +51,7 @@ public:
     // Gives a command and waits until the stop behind it is shown.
     void Do(int command) {
         program_.Command(command);
-        const auto stands = [this] { return !program_.App().session.IsRunning() && WaitingMessages() == 0; };
+        const auto stands = [this] { return program_.App().session.IsStanding() && WaitingMessages() == 0; };
         tour_.Check(program_.WaitFor(stands), "the target stops");
     }
     std::string Value(const std::string &name) {

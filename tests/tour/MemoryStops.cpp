@@ -78,7 +78,7 @@ public:
     }
     void Do(int command) {
         program_.Command(command);
-        const auto stands = [this] { return !program_.App().session.IsRunning() && WaitingMessages() == 0; };
+        const auto stands = [this] { return program_.App().session.IsStanding() && WaitingMessages() == 0; };
         tour_.Check(program_.WaitFor(stands), "the target stops");
     }
     void Watch(const std::string &expression, int format) {
