@@ -21,7 +21,7 @@ bool ShowsExecution(CProgram &program) {
 }  // namespace
 
 bool Stands(CProgram &program) {
-    return program.App().session.IsStanding() && WaitingMessages() == 0;
+    return (!program.App().session.IsOpen() || program.App().session.IsStanding()) && WaitingMessages() == 0;
 }
 
 void StartDebugRun(CProgram &program) {

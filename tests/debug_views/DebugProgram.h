@@ -37,7 +37,9 @@ protected:
     // Gives a command and waits until the stop behind it is shown.
     void Do(int command) {
         program.Command(command);
-        ASSERT_TRUE(program.WaitFor([&] { return program.App().session.IsStanding() && WaitingMessages() == 0; }))
+        const CDebugSession &session = program.App().session;
+        const auto stands = [&] { return (!session.IsOpen() || session.IsStanding()) && WaitingMessages() == 0; };
+        ASSERT_TRUE(program.WaitFor(stands))
             << command;
     }
 

@@ -51,7 +51,8 @@ public:
     // Gives a command and waits until the stop behind it is shown.
     void Do(int command) {
         program_.Command(command);
-        const auto stands = [this] { return program_.App().session.IsStanding() && WaitingMessages() == 0; };
+        const CDebugSession &session = program_.App().session;
+        const auto stands = [&] { return (!session.IsOpen() || session.IsStanding()) && WaitingMessages() == 0; };
         tour_.Check(program_.WaitFor(stands), "the target stops");
     }
     std::string Value(const std::string &name) {

@@ -78,7 +78,8 @@ public:
     }
     void Do(int command) {
         program_.Command(command);
-        const auto stands = [this] { return program_.App().session.IsStanding() && WaitingMessages() == 0; };
+        const CDebugSession &session = program_.App().session;
+        const auto stands = [&] { return (!session.IsOpen() || session.IsStanding()) && WaitingMessages() == 0; };
         tour_.Check(program_.WaitFor(stands), "the target stops");
     }
     void Watch(const std::string &expression, int format) {
