@@ -2,7 +2,9 @@
 
 #include "app/Path.h"
 #include "editor/IDEDoc.h"
+
 #include "editor/IDEView.h"
+#include "framework/MessageTarget.h"
 #include "platform/NativePath.h"
 
 void DebugProgram::TearDown() {
@@ -68,6 +70,11 @@ std::vector<std::string> RecordedProgram::TakeCalls() {
 
 void RecordedProgram::Tell(const EngineEvent &event) {
     engine.Get<EngineTellFn>("engineTell")(event);
+    const auto isTold = [this] {
+        const std::lock_guard guard(recorder->lock);
+        return recorder->eventsToTell == 0;
+    };
+    EXPECT_TRUE(program->WaitFor([&] { return isTold() && WaitingMessages() == 0; }));
     program->Settle(30);
 }
 
