@@ -76,6 +76,15 @@ public:
         return static_cast<double>(cycles) / (time.count() / 1000) / kMillion;
     }
 
+    Milliseconds Step() {
+        return Elapsed([this] { Do("DbgStepIntoInstr"); });
+    }
+    // From the end of a part of a free run, some ten million cycles, to its beginning.
+    Milliseconds StepBack() {
+        Rate();
+        return Elapsed([this] { Do("DbgStepBack"); });
+    }
+
 private:
     template <typename Fn, typename... Arguments>
     void Call(const char *name, Arguments... arguments) {
@@ -96,7 +105,7 @@ private:
     }
 
     static void OnExecution(int reason, const char *, int, int, const char *, void *user) {
-        if (reason != kDbgStopped && reason != kDbgAfterReset) return;
+        if (reason != kDbgStopped && reason != kDbgAfterReset && reason != kDbgAfterStepBack) return;
         auto &run = *static_cast<CEngineRun *>(user);
         const std::lock_guard guard(run.lock_);
         run.stopped_ = true;
@@ -141,6 +150,10 @@ void BenchEngineRun() {
         const auto peer = [&] { return PeerRate(folder); };
         const std::string unit = "million cycles/s", by = "gpsim's program on the same image";
         Report("free run, PIC" + std::string(program.chip), Compare(kRounds, rate, peer), unit, by);
+        Report("step back over a free run, PIC" + std::string(program.chip),
+               Compare(
+                   kRounds, [&] { return run.StepBack().count(); }, [&] { return run.Step().count(); }),
+               "ms", "a step by one instruction");
         run.Break(FromNativePath(folder + "/" + program.conditional), 10, program.condition);
         Report("free run with 10 conditional breakpoints, PIC" + std::string(program.chip),
                Compare(kRounds, rate, peer), unit, by);
