@@ -29,7 +29,14 @@ constexpr const char *kContinue = "Continue";
 
 CMainFrame &Frame() { return *CIDEApp::Get().GetMainFrame(); }
 CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
-void TellRefusal(const char *word) { CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {word})); }
+void TellRefusal(const char *word, const std::string &why = {}) {
+    CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {word}) + (why.empty() ? "" : " " + why));
+}
+
+// Of these the engine tells why it refuses them.
+bool HasWords(const RunCommand &command) {
+    return command.entry == &EngineCalls::DbgStepOut || command.entry == &EngineCalls::DbgStepBack;
+}
 
 }  // namespace
 
@@ -41,7 +48,7 @@ bool CDebugSession::Go(const RunCommand &command) {
     running_ = true;
     if (Debugger().Call(command.entry) != kDbgOk) {
         running_ = false;
-        TellRefusal(command.word);
+        TellRefusal(command.word, HasWords(command) ? Debugger().ErrorText() : std::string());
         return false;
     }
     EnterRunning(kRunInterval);
