@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int kValueStep = 256;       // bytes
+constexpr int kValueStep = 256;  // bytes
 constexpr int kLongestValue = 65535;
 constexpr int kErrorSize = 1024;
 constexpr int kPlaceSize = 260;
@@ -53,14 +53,16 @@ void PrintInitFailure(const std::string &target, const std::string &words) {
 
 CDbgInterface::CDbgInterface() = default;
 
-CDbgInterface::~CDbgInterface() { DLLCleanup(); }
+CDbgInterface::~CDbgInterface() {
+    DLLCleanup();
+}
 
 bool CDbgInterface::Init(const std::string &image) {
     CIDEApp &app = CIDEApp::Get();
     variables_.Clear();
     const std::string target = app.workspace ? app.workspace->GetTarget() : std::string();
     notices_ = std::make_unique<CDebugNotices>(app.session, app.GetMainFrame()->Port(),
-                                                CPath(app.GetActiveProjectPath()).GetDirectory());
+                                               CPath(app.GetActiveProjectPath()).GetDirectory());
     return Begin(target, image) && SetUpRun();
 }
 
@@ -111,7 +113,8 @@ bool CDbgInterface::StartThread(void *proc, void *param) try {
 
 bool CDbgInterface::SetUpRun() {
     const bool good =
-        Call(&EngineCalls::DbgSetExecutionChangeCallback, &CDbgInterface::OnExecution, static_cast<void *>(this)) == kDbgOk &&
+        Call(&EngineCalls::DbgSetExecutionChangeCallback, &CDbgInterface::OnExecution, static_cast<void *>(this)) ==
+            kDbgOk &&
         Call(&EngineCalls::DbgSetClkCallBack, &CDbgInterface::OnClock, static_cast<void *>(this)) == kDbgOk &&
         Call(&EngineCalls::DbgSetInstCallBack, &CDbgInterface::OnInstruction, static_cast<void *>(this)) == kDbgOk &&
         Call(&EngineCalls::DbgPerformanceProfile, IsAnyPluginShown() ? 1 : 0) == kDbgOk;
@@ -156,7 +159,8 @@ bool CDbgInterface::Run() {
 
 bool CDbgInterface::EndCallbacks() {
     return Call(&EngineCalls::DbgRemoveClkCallBack, &CDbgInterface::OnClock, static_cast<void *>(this)) == kDbgOk &&
-           Call(&EngineCalls::DbgRemoveInstCallBack, &CDbgInterface::OnInstruction, static_cast<void *>(this)) == kDbgOk;
+           Call(&EngineCalls::DbgRemoveInstCallBack, &CDbgInterface::OnInstruction, static_cast<void *>(this)) ==
+               kDbgOk;
 }
 
 void CDbgInterface::DLLCleanup() {
@@ -170,7 +174,9 @@ std::string CDbgInterface::ErrorText() const {
     return Call(&EngineCalls::DbgGetErrorText, text.data(), kErrorSize) == kDbgOk ? text.data() : std::string();
 }
 
-void CDbgInterface::SetClockRate(int hertz) { Call(&EngineCalls::DbgSetClkRate, hertz); }
+void CDbgInterface::SetClockRate(int hertz) {
+    Call(&EngineCalls::DbgSetClkRate, hertz);
+}
 
 // --- Values ---
 
@@ -272,7 +278,7 @@ bool CDbgInterface::GetProfileList(const std::function<void(const std::string &,
     if (answer != kDbgOk) return false;
     const auto tell = [](const char *name, int count, void *user) {
         (*static_cast<const std::function<void(const std::string &, uint32_t)> *>(user))(name,
-                                                                                        static_cast<uint32_t>(count));
+                                                                                         static_cast<uint32_t>(count));
     };
     return engine_.Read(&EngineReaders::dbgProfileList, text.c_str(), +tell,
                         const_cast<void *>(static_cast<const void *>(&entry)));

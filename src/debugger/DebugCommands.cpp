@@ -10,26 +10,38 @@
 
 namespace {
 
-CDebugSession &Session() { return CIDEApp::Get().session; }
+CDebugSession &Session() {
+    return CIDEApp::Get().session;
+}
 
 bool AreInstructionsStepped() {
     return CIDEApp::Get().GetMainFrame()->ListBar().IsShowing() ||
            QApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
 }
 
-void EnableStanding(CCmdUI &ui) { ui.Enable(Session().IsStanding()); }
+void EnableStanding(CCmdUI &ui) {
+    ui.Enable(Session().IsStanding());
+}
 
 }  // namespace
 
 const CDebugCommands::StepCommand CDebugCommands::kSteps[] = {
     {ID_DEBUG_CONTINUE, StartMode::runAtStart, {"Continue", &EngineCalls::DbgRun}, {"Continue", &EngineCalls::DbgRun}},
-    {ID_DEBUG_STEP_INTO, StartMode::stopAtMain, {"Step Into", &EngineCalls::DbgStepInto},
+    {ID_DEBUG_STEP_INTO,
+     StartMode::stopAtMain,
+     {"Step Into", &EngineCalls::DbgStepInto},
      {"Step Into", &EngineCalls::DbgStepIntoInstr}},
-    {ID_DEBUG_STEP_OVER, StartMode::stopAtMain, {"Step Over", &EngineCalls::DbgStepOver},
+    {ID_DEBUG_STEP_OVER,
+     StartMode::stopAtMain,
+     {"Step Over", &EngineCalls::DbgStepOver},
      {"Step Over", &EngineCalls::DbgStepOverInstr}},
-    {ID_DEBUG_STEP_OUT, StartMode::stopAtMain, {"Step Out", &EngineCalls::DbgStepOut},
+    {ID_DEBUG_STEP_OUT,
+     StartMode::stopAtMain,
+     {"Step Out", &EngineCalls::DbgStepOut},
      {"Step Out", &EngineCalls::DbgStepOut}},
-    {ID_DEBUG_STEP_BACK, StartMode::stopAtMain, {"Step Back", &EngineCalls::DbgStepBack, false},
+    {ID_DEBUG_STEP_BACK,
+     StartMode::stopAtMain,
+     {"Step Back", &EngineCalls::DbgStepBack, false},
      {"Step Back", &EngineCalls::DbgStepBack, false}},
 };
 
@@ -42,7 +54,8 @@ CDebugCommands::CDebugCommands() {
 bool CDebugCommands::CanRunOn() {
     const CIDEApp &app = CIDEApp::Get();
     return app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() &&
-           (app.session.IsStanding() || (!app.session.IsOpen() && app.build.IsIdle() && !app.GetActiveProjectPath().empty()));
+           (app.session.IsStanding() ||
+            (!app.session.IsOpen() && app.build.IsIdle() && !app.GetActiveProjectPath().empty()));
 }
 
 bool CDebugCommands::Continue() {
@@ -67,8 +80,8 @@ void CDebugCommands::MapStartCommands() {
         },
         [](CCmdUI &ui) {
             const CIDEApp &app = CIDEApp::Get();
-            ui.Enable(app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() && !app.GetActiveProjectPath().empty() &&
-                      app.build.IsIdle());
+            ui.Enable(app.GetMainFrame() && app.GetMainFrame()->ArePluginsReady() &&
+                      !app.GetActiveProjectPath().empty() && app.build.IsIdle());
         });
     OnCommand(ID_DEBUG_END, [] { Session().End(); });
 }
@@ -85,8 +98,10 @@ void CDebugCommands::MapRunCommands() {
         {ID_DEBUG_POWER_ON_RESET, {"Power on Reset", &EngineCalls::DbgPowerOnReset}},
     };
     for (const auto &[id, command] : resets)
-        OnCommand(id, [command = command] { Session().Go(command); }, EnableStanding);
-    OnCommand(ID_DEBUG_STOP, [] { Session().Stop(); }, [](CCmdUI &ui) { ui.Enable(Session().IsRunning()); });
+        OnCommand(
+            id, [command = command] { Session().Go(command); }, EnableStanding);
+    OnCommand(
+        ID_DEBUG_STOP, [] { Session().Stop(); }, [](CCmdUI &ui) { ui.Enable(Session().IsRunning()); });
 }
 
 void CDebugCommands::MapSwitches() {

@@ -66,13 +66,15 @@ void CDebugNotices::TellText(const char *text) {
     std::unique_lock guard(texts_);
     if (released_) return;
     ++textsToShow_;
-    const bool posted = text ? frame_.Post(kMsgTargetText, std::make_unique<std::string>(text))
-                             : frame_.Post(kMsgTargetClear);
+    const bool posted =
+        text ? frame_.Post(kMsgTargetText, std::make_unique<std::string>(text)) : frame_.Post(kMsgTargetClear);
     if (!posted) --textsToShow_;
     textShown_.wait(guard, [this] { return textsToShow_ == 0 || released_; });
 }
 
-void CDebugNotices::PostNote(int text) { frame_.Post(kMsgTargetNote, text); }
+void CDebugNotices::PostNote(int text) {
+    frame_.Post(kMsgTargetNote, text);
+}
 
 void CDebugNotices::OnClock(int passed, int clk) {
     session_.Clock().Set(clk);
@@ -82,7 +84,9 @@ void CDebugNotices::OnClock(int passed, int clk) {
     std::this_thread::yield();
 }
 
-void CDebugNotices::OnInstruction(int address, int clk) { TellPluginsInstruction(clk, address); }
+void CDebugNotices::OnInstruction(int address, int clk) {
+    TellPluginsInstruction(clk, address);
+}
 
 std::optional<StopRecord> CDebugNotices::TakeStop() {
     const std::lock_guard guard(stopping_);

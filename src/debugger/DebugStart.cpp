@@ -29,7 +29,9 @@ namespace {
 constexpr std::chrono::milliseconds kEngineStartLimit{200}, kEngineStartNap{2};
 constexpr const char *kSection = "Settings";
 
-CMainFrame &Frame() { return *CIDEApp::Get().GetMainFrame(); }
+CMainFrame &Frame() {
+    return *CIDEApp::Get().GetMainFrame();
+}
 
 std::string ImageOf(CProject &project) {
     std::string image = project.GetActiveConfig()->GetOutputDir() + "%name%.cof";
@@ -93,7 +95,8 @@ bool CDebugSession::StartEngine(CProject &project) {
 void CDebugSession::AwaitFirstStop() const {
     const auto limit = std::chrono::steady_clock::now() + kEngineStartLimit;
     const CDebugNotices *const notices = CIDEApp::Get().debugger.Notices();
-    while (!notices->HasStop() && std::chrono::steady_clock::now() < limit) std::this_thread::sleep_for(kEngineStartNap);
+    while (!notices->HasStop() && std::chrono::steady_clock::now() < limit)
+        std::this_thread::sleep_for(kEngineStartNap);
 }
 
 void CDebugSession::PrepareViews() {
@@ -104,7 +107,8 @@ void CDebugSession::PrepareViews() {
     bars.profile->BeginRun();
     profiling_ = GetProjectInt(kSection, "Profiling", 0) != 0;
     snapshot_ = GetProjectInt(kSection, "Snapshot", 0) != 0;
-    if (profiling_) CIDEApp::Get().debugger.GetProfileList([](const std::string &, uint32_t) {});  // it counts from now on
+    if (profiling_)
+        CIDEApp::Get().debugger.GetProfileList([](const std::string &, uint32_t) {});  // it counts from now on
     bars.BlankValues();
 
     LockViews();

@@ -25,7 +25,9 @@ void ForEachView(Act act) {
     });
 }
 
-CIDEView &Listing() { return CIDEApp::Get().GetMainFrame()->ListBar().ListingView(); }
+CIDEView &Listing() {
+    return CIDEApp::Get().GetMainFrame()->ListBar().ListingView();
+}
 
 }  // namespace
 

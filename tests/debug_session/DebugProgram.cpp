@@ -61,7 +61,9 @@ RecordedProgram::RecordedProgram()
         directory.Add(std::filesystem::path(ENGINE_MODULES) / module);
 }
 
-RecordedProgram::~RecordedProgram() { program.reset(); }
+RecordedProgram::~RecordedProgram() {
+    program.reset();
+}
 
 std::vector<std::string> RecordedProgram::TakeCalls() {
     const std::lock_guard guard(recorder->lock);

@@ -1,9 +1,9 @@
 // The order of the engine's calls in a debug run, and what the program does with what the engine tells.
 #include "DebugProgram.h"
 #include "app/StringIds.h"
-#include "debugger/DebugSession.h"
 #include "debugger/DbgInterface.h"
 #include "debugger/DebugNotices.h"
+#include "debugger/DebugSession.h"
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
 #include "framework/Language.h"
@@ -14,8 +14,12 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-const Calls kBegin = {"DbgDLLInit PIC16F628A", "DbgLoadFile blink.cof", "DbgSetExecutionChangeCallback",
-                      "DbgSetClkCallBack",     "DbgSetInstCallBack",    "DbgPerformanceProfile 0",
+const Calls kBegin = {"DbgDLLInit PIC16F628A",
+                      "DbgLoadFile blink.cof",
+                      "DbgSetExecutionChangeCallback",
+                      "DbgSetClkCallBack",
+                      "DbgSetInstCallBack",
+                      "DbgPerformanceProfile 0",
                       "DbgReset"};
 const Calls kEnd = {"DbgRemoveClkCallBack", "DbgRemoveInstCallBack", "DbgDLLCleanup"};
 
@@ -63,8 +67,8 @@ TEST_F(RecordedProgram, BeginsAsTheCommandSays) {
         const char *fromMain;
         bool hasMain, runs;
     } cases[] = {
-        {ID_DEBUG_CONTINUE, "1", true, true},  {ID_DEBUG_CONTINUE, "0", false, true},
-        {ID_DEBUG_STEP_INTO, "1", true, true}, {ID_DEBUG_STEP_OVER, "0", true, false},
+        {ID_DEBUG_CONTINUE, "1", true, true},   {ID_DEBUG_CONTINUE, "0", false, true},
+        {ID_DEBUG_STEP_INTO, "1", true, true},  {ID_DEBUG_STEP_OVER, "0", true, false},
         {ID_DEBUG_STEP_OUT, "1", false, false},
     };
     const int mainLine = LineOf("main.asm", "\nmain\n") + 3;
@@ -93,9 +97,12 @@ TEST_F(RecordedProgram, CarriesCommandsOutOrSaysWhoRefused) {
         int command;
         const char *call, *word;
     } cases[] = {
-        {ID_DEBUG_CONTINUE, "DbgRun", "Continue"},      {ID_DEBUG_STEP_INTO, "DbgStepInto", "Step Into"},
-        {ID_DEBUG_STEP_OVER, "DbgStepOver", "Step Over"}, {ID_DEBUG_STEP_OUT, "DbgStepOut", "Step Out"},
-        {ID_DEBUG_STEP_BACK, "DbgStepBack", "Step Back"}, {ID_DEBUG_RESET, "DbgReset", "Reset"},
+        {ID_DEBUG_CONTINUE, "DbgRun", "Continue"},
+        {ID_DEBUG_STEP_INTO, "DbgStepInto", "Step Into"},
+        {ID_DEBUG_STEP_OVER, "DbgStepOver", "Step Over"},
+        {ID_DEBUG_STEP_OUT, "DbgStepOut", "Step Out"},
+        {ID_DEBUG_STEP_BACK, "DbgStepBack", "Step Back"},
+        {ID_DEBUG_RESET, "DbgReset", "Reset"},
         {ID_DEBUG_POWER_ON_RESET, "DbgPowerOnReset", "Power on Reset"},
     };
     for (const auto &each : cases) {
@@ -116,8 +123,8 @@ TEST_F(RecordedProgram, CarriesCommandsOutOrSaysWhoRefused) {
     // With the listing in sight steps go by instructions.
     recorder->answers.clear();
     program->Command(ID_VIEW_LISTING_BAR);
-    for (const auto &[command, call] : {std::pair{ID_DEBUG_STEP_INTO, "DbgStepIntoInstr"},
-                                        std::pair{ID_DEBUG_STEP_OVER, "DbgStepOverInstr"}}) {
+    for (const auto &[command, call] :
+         {std::pair{ID_DEBUG_STEP_INTO, "DbgStepIntoInstr"}, std::pair{ID_DEBUG_STEP_OVER, "DbgStepOverInstr"}}) {
         TakeCalls();
         program->Command(command);
         EXPECT_EQ(TakeCalls(), Calls{call});

@@ -122,9 +122,10 @@ TEST_F(DebugProgram, SurvivesStrangePrograms) {
     };
     for (const auto &[what, code, text, stands] : programs) {
         SCOPED_TRACE(what);
-        scratch.Write("blink/main.asm", "\tinclude \"board.inc\"\n\t__config _WDT_OFF & _INTOSC_OSC_NOCLKOUT\n"
-                                        "\tglobal main\nstart\tcode 0\n\tgoto main\nmain_code code\n" +
-                                            std::string(code) + "\tend\n");
+        scratch.Write("blink/main.asm",
+                      "\tinclude \"board.inc\"\n\t__config _WDT_OFF & _INTOSC_OSC_NOCLKOUT\n"
+                      "\tglobal main\nstart\tcode 0\n\tgoto main\nmain_code code\n" +
+                          std::string(code) + "\tend\n");
         ASSERT_TRUE(program->Build());
         program->Command(ID_DEBUG_CONTINUE);
         const auto told = [&] { return ListHas(LoadText(text).substr(4)); };
