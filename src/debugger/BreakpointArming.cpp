@@ -7,6 +7,7 @@
 #include "app/StringIds.h"
 #include "debugger/BreakpointCommands.h"
 #include "editor/IDEDoc.h"
+#include "editor/OpenSources.h"
 #include "framework/Language.h"
 
 namespace {
@@ -90,8 +91,7 @@ void Arm(CMarker &marker) {
 }  // namespace
 
 void RebuildBreakpointsFromViews() {
-    for (CDocument *each : CIDEApp::Get().GetDocuments())
-        if (auto *document = dynamic_cast<CIDEDoc *>(each)) List().TakeFromDocument(*document);
+    for (CIDEDoc *document : OpenSources()) List().TakeFromDocument(*document);
 }
 
 int ArmBreakpoints() {

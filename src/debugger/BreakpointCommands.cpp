@@ -9,6 +9,7 @@
 #include "debugger/BreakpointPropertiesDlg.h"
 #include "debugger/BreakpointsDlg.h"
 #include "editor/IDEDoc.h"
+#include "editor/OpenSources.h"
 #include "editor/IDEView.h"
 #include "framework/Language.h"
 #include "platform/NativePath.h"
@@ -47,9 +48,8 @@ CBreakpointCommands::CBreakpointCommands() {
 }
 
 CIDEDoc *FindDocumentOf(const std::string &file) {
-    for (CDocument *each : CIDEApp::Get().GetDocuments())
-        if (auto *document = dynamic_cast<CIDEDoc *>(each); document && EqualNoCase(document->GetPathName(), file))
-            return document;
+    for (CIDEDoc *document : OpenSources())
+        if (EqualNoCase(document->GetPathName(), file)) return document;
     return nullptr;
 }
 

@@ -7,22 +7,16 @@
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
 #include "editor/ListingView.h"
+#include "editor/OpenSources.h"
 #include "editor/ViewSetup.h"
 #include "framework/MDIChildWnd.h"
 
 namespace {
 
 template <typename Act>
-void ForEachSource(Act act) {
-    for (CDocument *each : CIDEApp::Get().GetDocuments())
-        if (auto *document = dynamic_cast<CIDEDoc *>(each)) act(*document);
-}
-
-template <typename Act>
 void ForEachView(Act act) {
-    ForEachSource([&](const CIDEDoc &document) {
-        for (CIDEView *view : document.GetCodeViews()) act(*view);
-    });
+    for (const CIDEDoc *document : OpenSources())
+        for (CIDEView *view : document->GetCodeViews()) act(*view);
 }
 
 CIDEView &Listing() {
@@ -59,8 +53,8 @@ void RefreshValueTips() {
 }
 
 void StoreWindowState() {
-    for (CDocument *document : CIDEApp::Get().GetDocuments()) {
-        const CView *view = dynamic_cast<CIDEDoc *>(document) ? document->GetFirstView() : nullptr;
+    for (const CIDEDoc *document : OpenSources()) {
+        const CView *view = document->GetFirstView();
         if (!view || !view->GetParentFrame()) continue;
         WriteUserInt("Settings", "DbgSrcWinState", view->GetParentFrame()->isMaximized() ? 1 : 0);
         return;

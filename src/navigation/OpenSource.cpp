@@ -12,6 +12,7 @@
 #include "debugger/DebugViews.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
+#include "editor/OpenSources.h"
 #include "editor/ViewSetup.h"
 #include "framework/DocTemplate.h"
 #include "framework/MDIChildWnd.h"
@@ -48,16 +49,11 @@ void ShowLine(CIDEView &view, intptr_t line, bool mark) {
     view.ShowViewLine(line, false);
 }
 
-bool IsAnySourceOpen() {
-    return std::ranges::any_of(CIDEApp::Get().GetDocuments(),
-                               [](CDocument *document) { return dynamic_cast<CIDEDoc *>(document) != nullptr; });
-}
-
 }  // namespace
 
 CIDEDoc *OpenSourceAtLine(const std::string &file, int line, bool mark) {
     CIDEApp &app = CIDEApp::Get();
-    const bool alone = !IsAnySourceOpen();
+    const bool alone = OpenSources().empty();
     const std::string project = app.GetActiveProjectPath();
     const ProjectDirScope scope(project.empty() ? nullptr : project.c_str());
     auto *document = dynamic_cast<CIDEDoc *>(app.FindOrOpenDocument(file, false));

@@ -11,10 +11,7 @@ constexpr std::chrono::milliseconds kPoll(50);
 
 void CPluginDiscovery::Start(CMessagePort report, unsigned message) {
     if (thread_.joinable()) return;
-    thread_ = std::thread([this, report = std::move(report), message] {
-        Run(report, message);
-        ended_ = true;
-    });
+    thread_ = std::thread([this, report = std::move(report), message] { Run(report, message); });
 }
 
 void CPluginDiscovery::Stop() {

@@ -25,7 +25,6 @@ public:
     void StartupIsOver();
     void Stop();  // ends the thread early and waits for it; no report comes after that
 
-    bool HasEnded() const { return ended_; }
     const std::vector<PluginFile> &Plugins() const { return plugins_; }  // once the report has come
 
     // Held by the thread while it works on one library, and by who needs the plug-ins to stay as they are.
@@ -39,6 +38,5 @@ private:
     std::counting_semaphore<> wake_{0};  // something of what follows has changed
     std::atomic<bool> startupOver_ = false;
     std::atomic<bool> stop_ = false;
-    std::atomic<bool> ended_ = false;
     std::vector<PluginFile> plugins_;
 };

@@ -11,6 +11,7 @@
 #include "editor/IDEDoc.h"
 #include "editor/ListBar.h"
 #include "editor/ListingView.h"
+#include "editor/OpenSources.h"
 #include "framework/Language.h"
 #include "navigation/BuildViews.h"
 #include "navigation/WorkspaceBar.h"
@@ -29,8 +30,7 @@ constexpr uint32_t kExtensionSize = 256;  // bytes of a stored extension
 
 template <class Operation>
 void ForEachSource(Operation operation) {
-    for (CDocument *document : CIDEApp::Get().GetDocuments())
-        if (auto *source = dynamic_cast<CIDEDoc *>(document)) operation(*source);
+    for (CIDEDoc *source : OpenSources()) operation(*source);
     // Without a listing its document keeps a name, but its view has no marks to tell.
     CListBar &bar = Frame().ListBar();
     if (bar.ListingView().HasListing()) operation(bar.ListingDocument());
