@@ -152,7 +152,8 @@ bool CMessageRewriter::NamesTheSameProcessor(std::string_view file, int line) co
     return end == words.size() || !std::isalnum(static_cast<unsigned char>(words[end]));
 }
 
-// Names of includes are told apart by case, and have slashes; a file that differs in nothing else is worth a word.
+// Names of includes are told apart by case, and have slashes; a file that differs in nothing else is worth a word. So is
+// one whose name has a directory: the assembler doesn't look for it in the include directories.
 std::string CMessageRewriter::HintFor(const std::string &include) const {
     if (include.empty()) return {};
     std::vector<std::string> directories = {""};
@@ -161,6 +162,8 @@ std::string CMessageRewriter::HintFor(const std::string &include) const {
         const std::string found = ToNativePath(FromNativePath(directory) + include);
         std::error_code error;
         if (!found.starts_with(directory) || !std::filesystem::is_regular_file(found, error)) continue;
+        if (!directory.empty() && include.find('/') != std::string::npos)
+            return " A name with a directory is only looked for from the project's directory.";
         return " The file is spelled \"" + found.substr(directory.size()) + "\".";
     }
     return {};
