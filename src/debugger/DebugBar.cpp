@@ -34,7 +34,9 @@ void CDebugBar::ShowContent() {
     if (content_) pages_->setCurrentWidget(content_);
 }
 
-void CDebugBar::ShowQuietText() { pages_->setCurrentWidget(quiet_); }
+void CDebugBar::ShowQuietText() {
+    pages_->setCurrentWidget(quiet_);
+}
 
 QSize CDebugBar::sizeHint() const {
     const int line = fontMetrics().height();

@@ -1,4 +1,5 @@
-// What the bars of a debug run have in common: a quiet text while there is nothing to show, and a refresh from the target.
+// What the bars of a debug run have in common: a quiet text while there is nothing to show, and a refresh from the
+// target.
 #pragma once
 
 #include <string>
@@ -17,8 +18,8 @@ public:
     // Reads what the bar shows from the target. During a run, at each stop while the bar shows and when it comes to the
     // front; a bar that stays hidden costs no reads.
     virtual void Refresh() {}
-    virtual void BlankValues() {}  // no value holds any longer, the rows stay
-    virtual void EndRun() {}       // what is kept of the bar with its project is written
+    virtual void BlankValues() {}              // no value holds any longer, the rows stay
+    virtual void EndRun() {}                   // what is kept of the bar with its project is written
     virtual void Clear() { ShowQuietText(); }  // another project is active
 
     // The mark of a watchpoint at what `name` names ("$NAME" or "$%d"; see WatchpointManager.h), if it shows here.

@@ -9,6 +9,7 @@ public:
     using CGridCellByte::CGridCellByte;
 
     std::string Text() const override;
-    bool OnTyped(CGridCtrl &grid, GridPlace place,
-                 char32_t typed) override;  // then the next byte's cell is the current one
+
+    // Behind the character the next byte's cell is the current one.
+    bool OnTyped(CGridCtrl &grid, GridPlace place, char32_t typed) override;
 };

@@ -51,4 +51,6 @@ CQuickWatchDlg::CQuickWatchDlg(QWidget *parent, const std::string &expression, c
     enable();
 }
 
-std::string CQuickWatchDlg::Expression() const { return FromQString(expression_->currentText().trimmed()); }
+std::string CQuickWatchDlg::Expression() const {
+    return FromQString(expression_->currentText().trimmed());
+}

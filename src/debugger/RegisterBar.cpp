@@ -27,7 +27,9 @@ constexpr const char *kSection = "Register";
 constexpr int kRegisterTextSize = 4095;
 constexpr int kBitTextSize = 256;
 
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
 
 bool WriteKeys(const std::vector<std::pair<std::string, std::string>> &values) {
     const std::string project = CIDEApp::Get().GetActiveProjectPath();
@@ -51,7 +53,9 @@ CRegisterBar::CRegisterBar(QWidget *parent)
     tree_->onMenu = [this](CPropTreeItem *row, const QPoint &at) { ShowMenu(row, at); };
 }
 
-CRegisterBar::~CRegisterBar() { StoreExpanded(); }
+CRegisterBar::~CRegisterBar() {
+    StoreExpanded();
+}
 
 // --- A run ---
 
@@ -104,9 +108,8 @@ int CRegisterBar::OpenRow(int parent, const char *name, const char *value, void 
         row = bar.tree_->InsertItem(std::make_unique<CPropTreeItem>(name));
     } else {
         const int format = GetProjectInt(kSection, FormatKeyOf(name), 0);
-        auto item = std::make_unique<CRegisterItem>(name, format, [&bar] {
-            CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(bar);
-        });
+        auto item = std::make_unique<CRegisterItem>(
+            name, format, [&bar] { CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(bar); });
         CRegisterItem &reg = *item;
         row = bar.tree_->InsertItem(std::move(item), above);
         bar.registers_.push_back(&reg);
@@ -217,7 +220,9 @@ CRegisterItem *CRegisterBar::RegisterOf(CPropTreeItem *row) const {
     return dynamic_cast<CRegisterItem *>(row);
 }
 
-CRegisterItem *CRegisterBar::ClickedRow() const { return dynamic_cast<CRegisterItem *>(tree_->GetCurrentItem()); }
+CRegisterItem *CRegisterBar::ClickedRow() const {
+    return dynamic_cast<CRegisterItem *>(tree_->GetCurrentItem());
+}
 
 void CRegisterBar::SetFormat(int format) {
     if (IsForAllRows()) {

@@ -12,7 +12,9 @@
 
 namespace {
 
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
 
 }  // namespace
 
@@ -73,12 +75,14 @@ void CRegisterItem::SetLookOfAll(PropLook look) {
     for (CRegisterBitItem *bit : bits_) bit->SetLook(look);
 }
 
-bool CRegisterItem::BeginEdit() { return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error; }
+bool CRegisterItem::BeginEdit() {
+    return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error;
+}
 
 bool CRegisterItem::HasRoomFor(int64_t value) const {
     uint16_t address = 0;
     const int64_t most = Debugger().RegNameToAddr(Name(), address) ? std::numeric_limits<uint8_t>::max()
-                                                                  : std::numeric_limits<uint16_t>::max();
+                                                                   : std::numeric_limits<uint16_t>::max();
     return value <= most && value >= -(most + 1) / 2;
 }
 

@@ -24,7 +24,7 @@ public:
     // Reads the value and compares it with the one of the refresh before; or, at the same stop of the target, with the
     // one that this was compared with.
     void Refresh(bool sameStop);
-    void Blank();       // with its bits
+    void Blank();  // with its bits
     void ShowError();
 
     // The user has typed "1" or "0" over a bit. The value of the register itself shows at the next stop.

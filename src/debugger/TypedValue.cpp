@@ -8,7 +8,9 @@
 
 namespace {
 
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
 
 std::optional<int64_t> ValueOf(const std::string &name) {
     std::string text;

@@ -19,4 +19,6 @@ CValueTree::CValueTree(const char *widthKey, QWidget *parent) : CPropTree(parent
     onNameWidth = [widthKey](int width) { WriteUserInt(kSection, widthKey, width); };
 }
 
-bool IsForAllRows() { return QApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier); }
+bool IsForAllRows() {
+    return QApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
+}

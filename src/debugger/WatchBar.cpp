@@ -21,9 +21,15 @@
 
 namespace {
 
-bool IsDebugging() { return CIDEApp::Get().session.IsAlive(); }
-int DefaultFormat() { return GetUserInt("Debugger", "DefWatchFormat", 0); }
-CWatchItem *WatchOf(CPropTreeItem *row) { return static_cast<CWatchItem *>(row); }
+bool IsDebugging() {
+    return CIDEApp::Get().session.IsAlive();
+}
+int DefaultFormat() {
+    return GetUserInt("Debugger", "DefWatchFormat", 0);
+}
+CWatchItem *WatchOf(CPropTreeItem *row) {
+    return static_cast<CWatchItem *>(row);
+}
 
 // As much as the project gives back, without a part of a character.
 std::string CutToLongest(const std::string &text) {
@@ -57,7 +63,9 @@ void CWatchBar::ForEachRow(Act act) const {
     for (const auto &row : tree_->Items()) act(*WatchOf(row.get()));
 }
 
-CWatchItem *CWatchBar::CurrentRow() const { return WatchOf(tree_->GetCurrentItem()); }
+CWatchItem *CWatchBar::CurrentRow() const {
+    return WatchOf(tree_->GetCurrentItem());
+}
 
 // --- A run ---
 
@@ -70,7 +78,9 @@ void CWatchBar::BeginRun() {
     ShowContent();
 }
 
-void CWatchBar::Refresh() { RefreshRows(); }
+void CWatchBar::Refresh() {
+    RefreshRows();
+}
 
 void CWatchBar::RefreshRows() {
     const CDebugSession &session = CIDEApp::Get().session;
@@ -156,7 +166,9 @@ void CWatchBar::RemoveSelected() {
     if (last >= 0) tree_->SelectItem(left[static_cast<size_t>(std::min(place, last))].get());
 }
 
-void CWatchBar::RemoveAll() { tree_->DeleteAllItems(); }
+void CWatchBar::RemoveAll() {
+    tree_->DeleteAllItems();
+}
 
 void CWatchBar::SetFormat(int format) {
     if (IsForAllRows())
@@ -191,9 +203,12 @@ void CWatchBar::MapCommands() {
     // Of a menu, the row under the pointer; by key, the one last clicked.
     const auto row = [this] { return !menuOpen_ ? CurrentRow() : Holds(menuRow_) ? menuRow_ : nullptr; };
     const auto onRow = [row](CCmdUI &ui) { ui.Enable(IsDebugging() && row()); };
-    OnCommand(ID_WATCH_ADD, [this] { AddWatchByDialog({}); }, whileDebugging);
-    OnCommand(ID_WATCH_EDIT, [this, row] { EditExpression(row()); }, onRow);
-    OnCommand(ID_WATCH_REMOVE, [this, row] { tree_->DeleteItem(row()); }, onRow);
+    OnCommand(
+        ID_WATCH_ADD, [this] { AddWatchByDialog({}); }, whileDebugging);
+    OnCommand(
+        ID_WATCH_EDIT, [this, row] { EditExpression(row()); }, onRow);
+    OnCommand(
+        ID_WATCH_REMOVE, [this, row] { tree_->DeleteItem(row()); }, onRow);
     OnCommand(
         ID_WATCH_REMOVE_ALL, [this] { RemoveAll(); },
         [this](CCmdUI &ui) { ui.Enable(IsDebugging() && !tree_->Items().empty()); });

@@ -9,8 +9,8 @@ class CPropTree;
 class CPropTreeItem;
 class CWatchItem;
 
-// Rows are kept with the project: read when a run starts, written when it ends. They can be changed during a run; behind
-// it they stay on view with their last values.
+// Rows are kept with the project: read when a run starts, written when it ends. They can be changed during a run;
+// behind it they stay on view with their last values.
 class CWatchBar : public CDebugBar {
 public:
     explicit CWatchBar(QWidget *parent);

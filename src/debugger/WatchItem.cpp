@@ -13,7 +13,9 @@
 
 namespace {
 
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
 
 bool SetByte(int address, uint64_t value) {
     return Debugger().Call(&EngineCalls::DbgSetReg, address, static_cast<int>(value)) == kDbgOk;
@@ -49,7 +51,9 @@ void CWatchItem::Refresh(bool sameStop) {
     Show(RefreshWatch(value_, Ask(), Shown(), LoadText(IDS_WATCH_ERROR)));
 }
 
-void CWatchItem::Blank() { Show({}); }
+void CWatchItem::Blank() {
+    Show({});
+}
 
 WatchAnswer CWatchItem::Ask() const {
     WatchAnswer answer;
@@ -64,7 +68,9 @@ void CWatchItem::Show(WatchShown shown) {
     SetValue(std::move(shown.text));
 }
 
-bool CWatchItem::BeginEdit() { return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error && !readOnly_; }
+bool CWatchItem::BeginEdit() {
+    return CIDEApp::Get().session.IsAlive() && Look() != PropLook::error && !readOnly_;
+}
 
 void CWatchItem::CommitEdit(const std::string &text) {
     const CDebugSession &session = CIDEApp::Get().session;

@@ -33,7 +33,9 @@ std::string RowKeyOf(const std::string &label) {
     return key;
 }
 
-std::string FormatKeyOf(const std::string &label) { return RowKeyOf(label) + kFormat; }
+std::string FormatKeyOf(const std::string &label) {
+    return RowKeyOf(label) + kFormat;
+}
 
 std::vector<StoredWatch> LoadWatches(const std::string &projectFile, int format) {
     std::vector<StoredWatch> watches;

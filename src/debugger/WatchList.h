@@ -18,7 +18,7 @@ inline constexpr unsigned kLongestWatch = 2046;
 std::vector<StoredWatch> LoadWatches(const std::string &projectFile, int format);
 bool StoreWatches(const std::string &projectFile, const std::vector<StoredWatch> &watches);
 
-// The key of what is kept for a row of this label. Labels are whatever the user has written, and a profile file can't have
-// some characters in its keys: such labels are escaped. Others stay as they are, as other programs read them.
+// The key of what is kept for a row of this label. Labels are whatever the user has written, and a profile file can't
+// have some characters in its keys: such labels are escaped. Others stay as they are, as other programs read them.
 std::string FormatKeyOf(const std::string &label);
 std::string RowKeyOf(const std::string &label);

@@ -11,8 +11,8 @@ namespace {
 constexpr char kTextMark = '#';
 constexpr int64_t kLastNamed = 32, kDelete = 127;
 constexpr std::array<const char *, kLastNamed + 1> kCharacterNames = {
-    "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS",  "TAB", "LF",  "VT",  "FF",  "CR", "SO", "SI", "DLE",
-    "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS", "US", "Space"};
+    "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS", "TAB", "LF",  "VT", "FF", "CR", "SO", "SI",   "DLE",
+    "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB", "CAN", "EM", "SUB", "ESC", "FS", "GS", "RS", "US", "Space"};
 
 std::string CharacterOf(int64_t value) {
     if (value < 0 || value > kDelete) return "";

@@ -36,12 +36,15 @@ struct WatchShown {
 
 // Takes an answer in and says what the row shows from now on; `before` is what it shows now. `error` is the word for a
 // value that can't be had or read.
-WatchShown RefreshWatch(WatchValue &value, const WatchAnswer &answer, const WatchShown &before, const std::string &error);
+WatchShown RefreshWatch(WatchValue &value, const WatchAnswer &answer, const WatchShown &before,
+                        const std::string &error);
 
 // The same for a row that is shown in another format from now on, and stands out as it did before.
-WatchShown ReformatWatch(WatchValue &value, const WatchAnswer &answer, const WatchShown &before, const std::string &error);
+WatchShown ReformatWatch(WatchValue &value, const WatchAnswer &answer, const WatchShown &before,
+                         const std::string &error);
 
-std::string WatchText(const WatchValue &value);  // what is now, in the value's format; small numbers with their character
+// What is now, in the value's format; small numbers with their character.
+std::string WatchText(const WatchValue &value);
 
 // A number as typed in a format, up to the first character that doesn't belong to it.
 struct TypedNumber {

@@ -88,9 +88,13 @@ CPropTreeItem *CPropTree::InsertItem(std::unique_ptr<CPropTreeItem> item, CPropT
     return rows_->Insert(parent, std::move(item));
 }
 
-void CPropTree::DeleteItem(CPropTreeItem *item) { rows_->Remove(*item); }
+void CPropTree::DeleteItem(CPropTreeItem *item) {
+    rows_->Remove(*item);
+}
 
-void CPropTree::DeleteAllItems() { rows_->Clear(); }
+void CPropTree::DeleteAllItems() {
+    rows_->Clear();
+}
 
 void CPropTree::Fill(const std::function<void()> &insert) {
     rows_->BeginFill();
@@ -98,7 +102,9 @@ void CPropTree::Fill(const std::function<void()> &insert) {
     rows_->EndFill();
 }
 
-const std::vector<std::unique_ptr<CPropTreeItem>> &CPropTree::Items() const { return rows_->Root().Children(); }
+const std::vector<std::unique_ptr<CPropTreeItem>> &CPropTree::Items() const {
+    return rows_->Root().Children();
+}
 
 CPropTreeItem *CPropTree::GetCurrentItem() const {
     return currentIndex().isValid() ? CPropTreeModel::ItemOf(currentIndex()) : nullptr;
@@ -109,9 +115,13 @@ void CPropTree::SelectItem(CPropTreeItem *item) {
     if (item) scrollTo(currentIndex());
 }
 
-void CPropTree::Expand(CPropTreeItem *item, bool expand) { setExpanded(rows_->IndexOf(item), expand); }
+void CPropTree::Expand(CPropTreeItem *item, bool expand) {
+    setExpanded(rows_->IndexOf(item), expand);
+}
 
-bool CPropTree::IsExpanded(const CPropTreeItem *item) const { return isExpanded(rows_->IndexOf(item)); }
+bool CPropTree::IsExpanded(const CPropTreeItem *item) const {
+    return isExpanded(rows_->IndexOf(item));
+}
 
 bool CPropTree::BeginEdit(CPropTreeItem *item) {
     SelectItem(item);
@@ -170,8 +180,9 @@ void CPropTree::mousePressEvent(QMouseEvent *event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     if (!index.isValid()) return;
     const bool selected = selectionModel()->isSelected(index);
-    selectionModel()->setCurrentIndex(index, selected ? QItemSelectionModel::NoUpdate
-                                                      : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selectionModel()->setCurrentIndex(index, selected
+                                                 ? QItemSelectionModel::NoUpdate
+                                                 : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void CPropTree::mouseDoubleClickEvent(QMouseEvent *event) {

@@ -9,8 +9,8 @@
 
 class CPropTreeModel;
 
-// F2 or Return begins the edit of the current row, as a click on the value of the selected row does; Return ends it, Esc
-// leaves the value as it was. All rows are of one height. The selected rows are copied as lines "label<tab>value".
+// F2 or Return begins the edit of the current row, as a click on the value of the selected row does; Return ends it,
+// Esc leaves the value as it was. All rows are of one height. The selected rows are copied as lines "label<tab>value".
 // Texts are UTF-8. Main thread.
 class CPropTree : public QTreeView {
 public:
@@ -23,7 +23,8 @@ public:
     void DeleteItem(CPropTreeItem *item);  // and the rows under it
     void DeleteAllItems();
 
-    // Runs `insert` and shows all that it did at once. The tree is folded afterwards and nothing is selected. Not nested.
+    // Runs `insert` and shows all that it did at once. The tree is folded afterwards and nothing is selected. Not
+    // nested.
     void Fill(const std::function<void()> &insert);
 
     const std::vector<std::unique_ptr<CPropTreeItem>> &Items() const;  // of the top level
@@ -42,7 +43,7 @@ public:
     void SetNameWidth(int width);  // of the left column, in pixels
 
     std::function<void(CPropTreeItem *)> onActivate;  // a double click; without it, edits the row or folds it
-    std::function<void()> onInsert, onDelete;           // the keys of these names
+    std::function<void()> onInsert, onDelete;         // the keys of these names
     // A right click, which has selected the row under it, or the menu key on the current row; null: beside all rows. At
     // this point of the screen.
     std::function<void(CPropTreeItem *, const QPoint &)> onMenu;

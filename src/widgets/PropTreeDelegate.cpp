@@ -13,7 +13,8 @@ CPropTreeItemEdit *EditedItem(const QModelIndex &index) {
 
 }  // namespace
 
-QWidget *CPropTreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &index) const {
+QWidget *CPropTreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                         const QModelIndex &index) const {
     CPropTreeItemEdit *const item = EditedItem(index);
     if (!item || !item->BeginEdit()) return nullptr;
     auto *const editor = new QLineEdit(parent);

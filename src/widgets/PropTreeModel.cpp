@@ -91,7 +91,9 @@ int CPropTreeModel::rowCount(const QModelIndex &parent) const {
     return static_cast<int>((parent.isValid() ? ItemOf(parent)->Children() : root_.Children()).size());
 }
 
-int CPropTreeModel::columnCount(const QModelIndex &) const { return kValue + 1; }
+int CPropTreeModel::columnCount(const QModelIndex &) const {
+    return kValue + 1;
+}
 
 QVariant CPropTreeModel::data(const QModelIndex &index, int role) const {
     if (!index.isValid()) return {};
