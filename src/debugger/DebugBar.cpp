@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QStackedWidget>
+#include <utility>
 
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
@@ -21,7 +22,7 @@ CDebugBar::CDebugBar(int id, int title, QWidget *parent)
     setWidget(pages_);
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
         CMainFrame *const frame = CIDEApp::Get().GetMainFrame();
-        if (visible && frame && frame->DebugBars().AreOnView()) Refresh();
+        if (visible && frame && (frame->DebugBars().AreOnView() || CIDEApp::Get().session.IsRunning())) Refresh();
     });
 }
 
@@ -36,6 +37,11 @@ void CDebugBar::ShowContent() {
 
 void CDebugBar::ShowQuietText() {
     pages_->setCurrentWidget(quiet_);
+}
+
+bool CDebugBar::ReadsStopAgain() {
+    const CDebugSession &session = CIDEApp::Get().session;
+    return std::exchange(readStop_, session.StopCount()) == session.StopCount() && !session.IsRunning();
 }
 
 QSize CDebugBar::sizeHint() const {

@@ -34,8 +34,13 @@ protected:
     void ShowContent();    // in place of the quiet text
     void ShowQuietText();  // the state that the bar begins in
 
+    // For values that are compared with the ones before, once a refresh: whether the target stands where it did at the
+    // last one. What its stop has changed goes on standing out then.
+    bool ReadsStopAgain();
+
 private:
     QStackedWidget *pages_;
     QWidget *quiet_;
     QWidget *content_ = nullptr;
+    unsigned readStop_ = 0;  // the stop of the target that was last read
 };

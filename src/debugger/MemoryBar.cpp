@@ -117,10 +117,7 @@ bool CMemoryBar::Show(int address, uint8_t value, ByteState state) {
 }
 
 void CMemoryBar::RefreshCells(bool force) {
-    const CDebugSession &session = CIDEApp::Get().session;
-    // Read again where the target stands still: what this stop has changed goes on standing out.
-    const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
-    shownStop_ = session.StopCount();
+    const bool sameStop = ReadsStopAgain();
     for (int row = 0; row < grid_->RowCount(); ++row) {
         bool redraw = false;
         for (int address = row * kBytesInRow; address < (row + 1) * kBytesInRow; ++address) {
@@ -142,8 +139,7 @@ void CMemoryBar::RefreshCells(bool force) {
 }
 
 void CMemoryBar::WriteByte(int address, uint8_t value) {
-    const CDebugSession &session = CIDEApp::Get().session;
-    if (address >= AddressCount() || !session.IsOpen() || session.IsEnding()) return;
+    if (address >= AddressCount() || !CIDEApp::Get().session.IsAlive()) return;
     uint8_t &shadow = shadow_[static_cast<size_t>(address)];
     if (value == shadow) {
         // Behind a refusal the cell has had what isn't there.

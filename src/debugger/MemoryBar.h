@@ -73,5 +73,4 @@ private:
     int contextAddress_ = 0;  // of the menu
     GridPlace lastPlace_;     // where the user was in the last run
     int lastTop_ = 0;
-    unsigned shownStop_ = 0;  // the stop of the target that the cells show
 };

@@ -154,12 +154,9 @@ void CRegisterBar::CloseRow(int row, void *user) {
 }
 
 void CRegisterBar::RefreshRegisters() {
-    const CDebugSession &session = CIDEApp::Get().session;
-    if (!session.IsAlive()) return;
-    // Values that are read again where the target stands still: what has changed at this stop goes on standing out.
-    const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
+    if (!CIDEApp::Get().session.IsAlive()) return;
+    const bool sameStop = ReadsStopAgain();
     for (CRegisterItem *row : registers_) row->Refresh(sameStop);
-    shownStop_ = session.StopCount();
 }
 
 void CRegisterBar::BlankValues() {
@@ -174,6 +171,7 @@ void CRegisterBar::EndRun() {
 
 void CRegisterBar::Clear() {
     registers_.clear();
+    watchedName_.clear();
     tree_->DeleteAllItems();
     ShowQuietText();
 }
@@ -239,7 +237,6 @@ void CRegisterBar::ShowMenu(CPropTreeItem *row, const QPoint &at) {
     const std::unique_ptr<QMenu> menu(frame.MakeMenu(IDR_REGISTER_MENU, this));
     if (!reg) CMDIFrameWnd::RemoveCommands(menu.get(), ID_REGISTER_WATCHPOINT, ID_REGISTER_WATCHPOINT);
     menu->exec(at);
-    watchedName_.clear();
 }
 
 void CRegisterBar::MapCommands() {

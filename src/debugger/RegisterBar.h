@@ -48,6 +48,5 @@ private:
 
     CPropTree *tree_;
     std::vector<CRegisterItem *> registers_;  // in the order of their rows
-    unsigned shownStop_ = 0;                  // the stop of the target that the rows show
     std::string watchedName_;                 // "$NAME" of the row that the open menu is about
 };

@@ -79,16 +79,9 @@ void CWatchBar::BeginRun() {
 }
 
 void CWatchBar::Refresh() {
-    RefreshRows();
-}
-
-void CWatchBar::RefreshRows() {
-    const CDebugSession &session = CIDEApp::Get().session;
-    if (!session.IsAlive()) return;
-    // Values that are read again where the target stands still: what has changed at this stop goes on standing out.
-    const bool sameStop = !session.IsRunning() && shownStop_ == session.StopCount();
+    if (!IsDebugging()) return;
+    const bool sameStop = ReadsStopAgain();
     ForEachRow([sameStop](CWatchItem &row) { row.Refresh(sameStop); });
-    shownStop_ = session.StopCount();
 }
 
 void CWatchBar::BlankValues() {
@@ -124,7 +117,7 @@ void CWatchBar::AddWatch(const std::string &text) {
     if (!IsDebugging() || expression.empty()) return;
     InsertRow(expression, DefaultFormat());
     tree_->SelectItem(tree_->Items().back().get());
-    RefreshRows();
+    Refresh();
 }
 
 bool CWatchBar::AskExpression(std::string &expression) {
@@ -146,7 +139,7 @@ void CWatchBar::EditExpression(CWatchItem *row) {
     std::string expression = row->Expression();
     if (!AskExpression(expression) || !Holds(row)) return;
     if (row->Expression() != expression) row->SetExpression(expression);
-    RefreshRows();
+    Refresh();
 }
 
 bool CWatchBar::Holds(const CWatchItem *row) const {
@@ -180,7 +173,7 @@ void CWatchBar::SetFormat(int format) {
 // Other bars show the same bytes.
 void CWatchBar::OnWritten() {
     CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(*this);
-    RefreshRows();
+    Refresh();
 }
 
 void CWatchBar::TakeDrop(const std::string &text) {

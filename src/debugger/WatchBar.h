@@ -37,7 +37,6 @@ private:
     void RemoveSelected();
     void RemoveAll();
     void SetFormat(int format);
-    void RefreshRows();
     void OnWritten();
     void TakeDrop(const std::string &text);
     void Save() const;
@@ -47,7 +46,6 @@ private:
     void ForEachRow(Act act) const;
 
     CPropTree *tree_;
-    unsigned shownStop_ = 0;         // the stop of the target that the rows show
     CWatchItem *menuRow_ = nullptr;  // under the pointer of the open menu
     bool menuOpen_ = false;
 };
