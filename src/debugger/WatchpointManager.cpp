@@ -60,6 +60,10 @@ std::string OtherName(const std::string &name) {
     return Debugger().RegNameToAddr(name.substr(1), address) ? "$" + std::to_string(address) : "";
 }
 
+auto IsNamed(const std::string &name) {
+    return [&name](const CWatchpoint &each) { return EqualNoCase(each.name, name); };
+}
+
 // `why`: the engine's words; may be empty.
 void TellRefusal(int text, const std::string &name, const std::string &why) {
     const std::string line = LoadText(text, {HasAddressForm(name) ? AddressText(AddressIn(name)) : name});
@@ -69,20 +73,20 @@ void TellRefusal(int text, const std::string &name, const std::string &why) {
 }  // namespace
 
 std::vector<CWatchpoint>::iterator CWatchpointManager::At(const std::string &name) {
-    return std::ranges::find_if(list_, [&](const CWatchpoint &each) { return EqualNoCase(each.name, name); });
+    return std::ranges::find_if(list_, IsNamed(name));
 }
 
 bool CWatchpointManager::Add(const std::string &name, bool needEngine) {
     if (At(name) != list_.end()) return true;
     int id = -1;
-    if ((needEngine || IsDebugging()) && Debugger().Call(&EngineCalls::DbgSetWatchpoint, name.c_str(), &id) != kDbgOk)
-        return false;
+    const bool asks = needEngine || IsDebugging();
+    if (asks && Debugger().Call(&EngineCalls::DbgSetWatchpoint, std::string(name).c_str(), &id) != kDbgOk) return false;
     list_.push_back({name, id});
     return true;
 }
 
 int CWatchpointManager::Find(const std::string &name, bool exactOnly) const {
-    const auto found = const_cast<CWatchpointManager *>(this)->At(name);
+    const auto found = std::ranges::find_if(list_, IsNamed(name));
     if (found != list_.end()) return found->id;
     const std::string other = exactOnly ? "" : OtherName(name);
     return other.empty() ? -1 : Find(other, true);
