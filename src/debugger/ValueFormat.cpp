@@ -1,7 +1,6 @@
 #include "debugger/ValueFormat.h"
 
 #include <charconv>
-
 #include <cinttypes>
 #include <cstdio>
 
@@ -46,7 +45,7 @@ std::optional<int64_t> NumberOfAnswer(std::string_view text, int format) {
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+')) text.remove_prefix(1);
     int base = 10;
-    if (text.starts_with("0x") || text.starts_with("0X")) {
+    if (format == kHexadecimal && (text.starts_with("0x") || text.starts_with("0X"))) {
         base = 16;
         text.remove_prefix(2);
     } else if (format == kOctal && text.starts_with('0')) {
