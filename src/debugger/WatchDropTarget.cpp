@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QDropEvent>
 #include <QMimeData>
+#include <algorithm>
 
 #include "framework/Text.h"
 
