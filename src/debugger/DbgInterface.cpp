@@ -1,7 +1,6 @@
 #include "debugger/DbgInterface.h"
 
 #include <array>
-#include <cstdio>
 
 #include "app/ClockRate.h"
 #include "app/IDEApp.h"
@@ -10,6 +9,7 @@
 #include "app/ProjectDirScope.h"
 #include "app/Settings.h"
 #include "app/StringIds.h"
+#include "debugger/AddressText.h"
 #include "debugger/DebugNotices.h"
 #include "debugger/EngineFileName.h"
 #include "debugger/ValueFormat.h"
@@ -163,10 +163,11 @@ bool CDbgInterface::EndCallbacks() {
                kDbgOk;
 }
 
-void CDbgInterface::DLLCleanup() {
+bool CDbgInterface::DLLCleanup() {
     if (notices_) notices_->Release();
-    Call(&EngineCalls::DbgDLLCleanup);
+    const bool good = Call(&EngineCalls::DbgDLLCleanup) == kDbgOk;
     if (thread_.joinable()) thread_.join();
+    return good;
 }
 
 std::string CDbgInterface::ErrorText() const {
@@ -261,9 +262,7 @@ bool CDbgInterface::GetFrameList(std::list<std::string> &frames) const {
     std::array<char, kFramesSize + 1> text{};
     if (Call(&EngineCalls::DbgGetFrameList, text.data(), kFramesSize) != kDbgOk) return false;
     const auto add = [](int address, void *user) {
-        char frame[24];
-        std::snprintf(frame, sizeof frame, "0x%04X", static_cast<unsigned>(address));
-        static_cast<std::list<std::string> *>(user)->emplace_back(frame);
+        static_cast<std::list<std::string> *>(user)->push_back(AddressText(static_cast<uint32_t>(address)));
     };
     return engine_.Read(&EngineReaders::dbgFrameList, text.data(), +add, static_cast<void *>(&frames));
 }

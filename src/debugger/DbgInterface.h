@@ -24,16 +24,16 @@ public:
     CDbgInterface &operator=(const CDbgInterface &) = delete;
 
     // Starts the engine for the active project's chip on its own thread, loads the image and resets the chip; the first
-    // stop is told behind that. False, with the engine cleaned up and mostly with the reason in the build list, when
-    // there is no run.
+    // stop is told behind that. False, with the engine cleaned up and in most cases with the reason in the build list,
+    // when a run can't begin.
     bool Init(const std::string &image);
-    bool Run();        // snapshot of the plug-ins, then lets the target run
+    bool Run();           // snapshot of the plug-ins, then lets the target run
     bool EndCallbacks();  // those of clock and instructions; false: the engine refused
-    void DLLCleanup();    // ends the engine and waits for its thread; nothing without one
+    bool DLLCleanup();    // ends the engine and waits for its thread; false: the engine refused, or there is none
 
     // The value of `name` as text, in value format `format` (see ValueFormat.h). A name that only the variable table
-    // knows is read byte by byte, with "#" in front of the text. `errorText`, which may be null, gets the engine's words
-    // for a failure. False, with `text` as it was, for what can't be evaluated.
+    // knows is read byte by byte, with "#" in front of the text. `errorText`, which may be null, gets the engine's
+    // words for a failure. False, with `text` as it was, for what can't be evaluated.
     bool Evaluate(const std::string &name, std::string &text, int format, std::string *errorText) const;
     bool SetValue(const std::string &name, int32_t value);
     bool RegNameToAddr(const std::string &name, uint16_t &address) const;

@@ -59,6 +59,7 @@ bool CDebugCommands::CanRunOn() {
 }
 
 bool CDebugCommands::Continue() {
+    if (!CanRunOn()) return false;
     const ProjectDirScope scope(CIDEApp::Get().GetActiveProjectPath());
     return Run(kSteps[0]);
 }

@@ -17,13 +17,8 @@ void CDebugNotices::OnExecution(int reason, const char *file, int line, const ch
         case kDbgAfterStepBack:
         case kDbgBadMemory:
             return TellStop(reason, file, line);
-        case kDbgPlace: {
-            const std::lock_guard guard(stopping_);
-            if (session_.OnTargetStands()) return;
-            stops_.push_back({reason, FullName(file), line});
-            frame_.Post(kMsgTargetStopped);
-            return;
-        }
+        case kDbgPlace:
+            return TellPlace(file, line);
         case kDbgNoteSleep:
             return PostNote(IDS_DEBUG_NOTE_SLEEP);
         case kDbgNoteStack:
@@ -59,6 +54,14 @@ void CDebugNotices::TellStop(int reason, const char *file, int line) {
     stops_.push_back(std::move(record));
     frame_.Post(kMsgTargetStopped);
     session_.OnTargetStands();
+}
+
+// Where a command has waited for the stop, the place isn't shown.
+void CDebugNotices::TellPlace(const char *file, int line) {
+    const std::lock_guard guard(stopping_);
+    stops_.push_back({kDbgPlace, FullName(file), line});
+    frame_.Post(kMsgTargetStopped);
+    if (session_.OnTargetStands()) stops_.back().file.clear();
 }
 
 // The target waits until its text is shown, so that a program that tells much can't fill the queue.

@@ -39,6 +39,7 @@ public:
 
 private:
     void TellStop(int reason, const char *file, int line);
+    void TellPlace(const char *file, int line);
     std::string FullName(const char *file) const;
     void TellText(const char *text);
     void PostNote(int text);

@@ -27,13 +27,17 @@ namespace {
 
 constexpr const char *kContinue = "Continue";
 
-CMainFrame &Frame() { return *CIDEApp::Get().GetMainFrame(); }
-CDbgInterface &Debugger() { return CIDEApp::Get().debugger; }
+CMainFrame &Frame() {
+    return *CIDEApp::Get().GetMainFrame();
+}
+CDbgInterface &Debugger() {
+    return CIDEApp::Get().debugger;
+}
 void TellRefusal(const char *word, const std::string &why = {}) {
     CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {word}) + (why.empty() ? "" : " " + why));
 }
 
-// Of these the engine tells why it refuses them.
+// The engine has words for why it refuses these alone.
 bool HasWords(const RunCommand &command) {
     return command.entry == &EngineCalls::DbgStepOut || command.entry == &EngineCalls::DbgStepBack;
 }
@@ -57,30 +61,31 @@ bool CDebugSession::Go(const RunCommand &command) {
 
 // The target may come to a stop by itself meanwhile, on the engine's thread.
 bool CDebugSession::Stop() {
-    if (!open_) return false;
+    if (!debugging_) return false;
     bool good = true;
     if (running_) {
         good = Debugger().Call(&EngineCalls::DbgStop) == kDbgOk;
         if (good && running_) EnterRunning(kStopInterval);
+        // Outside the guard: the engine's thread takes it while it holds the notices.
+        good = good || Debugger().Notices()->HasStop();
     }
     const std::lock_guard guard(deferring_);
     if (!running_) {
         PostDeferred();
         return true;
     }
-    good = good || Debugger().Notices()->HasStop();
     if (!good) TellRefusal("Stop");
     return good;
 }
 
 bool CDebugSession::IsStanding() const {
     const CDebugNotices *const notices = Debugger().Notices();
-    return open_ && !running_ && startMode_ == StartMode::started && !(notices && notices->HasStop());
+    return debugging_ && !running_ && startMode_ == StartMode::started && !(notices && notices->HasStop());
 }
 
 void CDebugSession::Defer(const DeferredCommand &command) {
     const std::lock_guard guard(deferring_);
-    deferred_ = command;
+    deferredCommand_ = command;
 }
 
 void CDebugSession::StopFor(const DeferredCommand &command) {
@@ -96,7 +101,7 @@ bool CDebugSession::OnTargetStands() {
 }
 
 bool CDebugSession::PostDeferred() {
-    const DeferredCommand command = std::exchange(deferred_, {});
+    const DeferredCommand command = std::exchange(deferredCommand_, {});
     if (command.message) Debugger().Notices()->Frame().Post(command.message, command.id, command.parameter);
     return command.message != 0;
 }
@@ -113,11 +118,11 @@ void CDebugSession::ToggleProfiling() {
 
 void CDebugSession::ToggleSnapshot() {
     snapshot_ = !snapshot_;
-    if (snapshot_ && open_) RefreshWhileRunning();
+    if (snapshot_ && debugging_) RefreshWhileRunning();
 }
 
 void CDebugSession::FollowPlugins() const {
-    if (!open_) return;
+    if (!debugging_) return;
     if (Debugger().Call(&EngineCalls::DbgPerformanceProfile, IsAnyPluginShown() ? 1 : 0) != kDbgOk)
         CIDEApp::Get().AddOutputLine(LoadText(IDS_DEBUG_PROFILE_REFUSED));
 }
@@ -127,10 +132,10 @@ void CDebugSession::FollowPlugins() const {
 void CDebugSession::OnTargetStopped() {
     CDebugNotices *const notices = Debugger().Notices();
     const std::optional<StopRecord> record = notices ? notices->TakeStop() : std::nullopt;
-    if (!record || !open_) return;
+    if (!record || !debugging_) return;
     if (!running_) Frame().KillTimer(kTimerRun);
     if (record->reason == kDbgPlace) {
-        OpenSourceAtLine(record->file, record->line, true);
+        if (!record->file.empty()) OpenSourceAtLine(record->file, record->line, true);
         return;
     }
     RefreshValueTips();
@@ -167,7 +172,7 @@ bool CDebugSession::RunToMain() {
     // Sources may have changed outside, or just been saved.
     if (const auto newest = NewestSource(); newest && app.symbols.IsOlderThan(newest->written)) {
         app.symbols.UpdateBrowseInfo();
-        if (!open_) return true;
+        if (!debugging_) return true;
     }
     const auto &functions = app.symbols.Maps().Functions;
     const auto main = functions.find("main");
@@ -204,7 +209,7 @@ void CDebugSession::ShowStop(const StopRecord &record) {
     CListBar &listBar = Frame().ListBar();
     if (!record.file.empty()) {
         OpenSourceAtLine(record.file, record.line, true);
-        if (!open_) return;  // a question on the way may have let its end in
+        if (!debugging_) return;  // a question on the way may have let its end in
     } else {
         if (!listBar.IsShowing()) app.AddOutputLine(LoadText(IDS_DEBUG_NO_SOURCE));
         RemoveExecutionMarks();
@@ -226,7 +231,7 @@ void CDebugSession::OnTimer() {
     ShowClock();
     DebugBars &bars = Frame().DebugBars();
     if (bars.profile->IsShowing()) bars.profile->Refresh();
-    if (snapshot_ && open_ && running_) RefreshWhileRunning();
+    if (snapshot_ && debugging_ && running_) RefreshWhileRunning();
 }
 
 void CDebugSession::RefreshWhileRunning() {
@@ -253,12 +258,14 @@ void CDebugSession::OnTargetClear() {
 }
 
 void CDebugSession::ShowClock() const {
-    if (!open_) return;
+    if (!debugging_) return;
     const ClockText text = ChooseClockText(clock_.CurrentTick());
     Frame().SetStatusText(kPaneDebugTime, LoadText(text.text, {std::to_string(text.number)}));
 }
 
-bool CDebugSession::TakeFirstPosition() { return std::exchange(firstPosition_, false); }
+bool CDebugSession::TakeFirstPosition() {
+    return std::exchange(firstPosition_, false);
+}
 
 void CDebugSession::ClearViews() {
     if (CMainFrame *frame = CIDEApp::Get().GetMainFrame()) frame->DebugBars().Clear();

@@ -1,7 +1,7 @@
 // The state machine of a debug run: from the start of the engine for the active project to its end.
 //
-// A run is starting until the first stop is told, then stopped or running. `running` is set before a command reaches the
-// engine and cleared on the engine's thread at the stop; all else is the main thread's.
+// A run is starting until the first stop is told, then stopped or running. `running` is set before a command reaches
+// the engine and cleared on the engine's thread at the stop; all else is the main thread's.
 #pragma once
 
 #include <atomic>
@@ -30,11 +30,10 @@ struct RunCommand {
 
 class CDebugSession {
 public:
-    bool IsOpen() const { return open_; }        // a run exists (`debugging`)
-    bool IsRunning() const { return running_; }  // its target runs; any thread
-    bool IsStanding() const;                     // it stands, and the user sees where
-    bool IsEnding() const { return ending_; }
-    bool IsAlive() const { return open_ && !ending_; }  // a run exists whose target can be asked
+    bool IsOpen() const { return debugging_; }               // a run exists
+    bool IsAlive() const { return debugging_ && !ending_; }  // and its target can be asked
+    bool IsRunning() const { return running_; }              // its target runs; any thread
+    bool IsStanding() const;                                 // it stands, and the user sees where
     CRunClock &Clock() { return clock_; }
     unsigned StopCount() const { return stops_; }  // stops that were shown, over all runs
 
@@ -91,11 +90,11 @@ private:
     void Finish();
     bool PostDeferred();  // with `deferring_` held; true when there was one
 
-    bool open_ = false;
+    bool debugging_ = false;
     bool ending_ = false;
     std::atomic<bool> running_ = false;
     std::mutex deferring_;
-    DeferredCommand deferred_;
+    DeferredCommand deferredCommand_;
     CRunClock clock_;
 
     StartMode startMode_ = StartMode::started;

@@ -51,7 +51,7 @@ void WarnOfOldImage(const std::string &image) {
 bool CDebugSession::Start(StartMode mode) {
     CIDEApp &app = CIDEApp::Get();
     const boost::shared_ptr<CProject> project = app.workspace ? app.workspace->GetActiveProject() : nullptr;
-    if (open_ || !project || !project->GetActiveConfig()) return false;
+    if (debugging_ || !project || !project->GetActiveConfig()) return false;
     const ProjectDirScope scope(app.GetActiveProjectPath());
     PrepareStart();
     startMode_ = mode;
@@ -79,12 +79,12 @@ void CDebugSession::PrepareStart() {
 bool CDebugSession::StartEngine(CProject &project) {
     if (CListBar &bar = Frame().ListBar(); bar.IsShowing()) bar.setFocus();
     Defer({});
-    open_ = true;
+    debugging_ = true;
     running_ = false;
     firstPosition_ = true;
     debugFromMain_ = GetProjectInt("Debugger", "DebugFromMain", 1) != 0;
-    open_ = CIDEApp::Get().debugger.Init(ImageOf(project));
-    if (open_) return true;
+    debugging_ = CIDEApp::Get().debugger.Init(ImageOf(project));
+    if (debugging_) return true;
     firstPosition_ = false;
     startMode_ = StartMode::started;
     Frame().FocusActiveView();
@@ -119,7 +119,7 @@ void CDebugSession::PrepareViews() {
 }
 
 bool CDebugSession::End() {
-    if (!open_) return true;
+    if (!debugging_) return true;
     if (running_) {
         Defer({kCommandMessage, ID_DEBUG_END, 0});
         return Stop();
@@ -129,7 +129,7 @@ bool CDebugSession::End() {
 }
 
 void CDebugSession::EndAtOnce() {
-    if (!open_) return;
+    if (!debugging_) return;
     if (running_) CIDEApp::Get().debugger.Call(&EngineCalls::DbgStop);
     Defer({});
     Finish();
@@ -150,12 +150,12 @@ void CDebugSession::Finish() {
     SetProjectString(kSection, "Snapshot", snapshot_ ? "1" : "0");
     app.watchpoints.Store();
     StopPlugins();
-    if (!app.debugger.EndCallbacks()) app.AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {"Stop"}));
-    app.debugger.DLLCleanup();
+    const bool removed = app.debugger.EndCallbacks();
+    if (!app.debugger.DLLCleanup() || !removed) app.AddOutputLine(LoadText(IDS_DEBUG_REFUSED, {"Stop"}));
     StoreWindowState();
     frame.LeaveDebugLayout();
     running_ = false;
-    open_ = ending_ = firstPosition_ = false;
+    debugging_ = ending_ = firstPosition_ = false;
     startMode_ = StartMode::started;
     frame.OnRunEnded();
 }

@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 #include <thread>
 #include <utility>
 
@@ -11,6 +10,7 @@
 #include "app/IDEApp.h"
 #include "app/Path.h"
 #include "app/StringIds.h"
+#include "debugger/AddressText.h"
 #include "editor/IDEDoc.h"
 #include "editor/ViewSetup.h"
 #include "framework/CommandReplay.h"
@@ -62,12 +62,6 @@ private:
     std::array<char, kShortLine> short_;
     std::string long_;
 };
-
-std::string AddressText(int64_t address) {
-    char text[24];
-    std::snprintf(text, sizeof text, "0x%04llX", static_cast<unsigned long long>(address));
-    return text;
-}
 
 void DeleteExecutionMark(const CIDEView &view) {
     const intptr_t line = view.Send(SCI_MARKERNEXT, 0, 1 << kMarkerExecution);
@@ -164,18 +158,16 @@ void CListingView::ReadAddresses() {
     addressTable_ = ReadAddressTable(Send(SCI_GETLINECOUNT), [&reader](intptr_t line) { return reader.Line(line); });
 }
 
-intptr_t CListingView::LineOfProgramCounter(int64_t &pc) const {
+intptr_t CListingView::LineOfProgramCounter(uint32_t &pc) const {
     pc = 0;
     std::string text;
     if (!CIDEApp::Get().debugger.Evaluate("$pc", text, 0, nullptr)) return -1;
-    uint32_t address = 0;
-    std::from_chars(text.data(), text.data() + text.size(), address);
-    pc = address;
-    return addressTable_.LineOf(address);
+    std::from_chars(text.data(), text.data() + text.size(), pc);
+    return addressTable_.LineOf(pc);
 }
 
 void CListingView::ShowListingPosition() {
-    int64_t pc = 0;
+    uint32_t pc = 0;
     const intptr_t line = LineOfProgramCounter(pc);
     DeleteExecutionMark(*this);
     if (line <= 0) {

@@ -23,13 +23,13 @@ public:
     const CAddressTable &AddressTable() const { return addressTable_; }
 
     // The line of the target's program counter, and that in `pc`: 0 when it can't be read. -1 when no line gives it.
-    intptr_t LineOfProgramCounter(int64_t &pc) const;
+    intptr_t LineOfProgramCounter(uint32_t &pc) const;
 
     // Marks that line as the one where execution stands and brings it into view; without it a line in the build list.
     void ShowListingPosition();
 
     void OnDebugToggleBreakpoint(intptr_t, int) override {}  // none can be set here
-    void OnPathNamed() override {}                                // a load comes next, not a save
+    void OnPathNamed() override {}                           // a load comes next, not a save
 
 protected:
     void OnNotify(const SciLexerNotification &notification) override;

@@ -14,8 +14,7 @@ namespace {
 constexpr std::chrono::milliseconds kHidingDelay{80};
 
 bool IsDebugging() {
-    const CDebugSession &session = CIDEApp::Get().session;
-    return session.IsOpen() && !session.IsEnding();
+    return CIDEApp::Get().session.IsAlive();
 }
 
 }  // namespace

@@ -239,6 +239,16 @@ TEST_F(RecordedProgram, CommandsWaitForTheStop) {
     EXPECT_FALSE(Session().IsOpen());
     recorder->answers.clear();
 
+    // A place to show gives way to the command; that was thought over.
+    runOn();
+    program->Command(ID_WORKSPACE_CLOSE);
+    program->Answer(IDNO);
+    TellStop(kDbgPlace, 25);
+    EXPECT_TRUE(Session().IsStanding());
+    EXPECT_EQ(ExecutionPlace(), "");
+    EXPECT_FALSE(program->Frame().HasTimer(kTimerRun));
+    program->Command(ID_DEBUG_END);
+
     runOn();
     program->Command(ID_WORKSPACE_CLOSE);
     EXPECT_EQ(TakeCalls(), (Calls{"DbgPerformanceProfile 0", "DbgStop"}));

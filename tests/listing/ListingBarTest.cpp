@@ -107,9 +107,9 @@ TEST_F(ListingProgram, TellsAPositionThatItHasNot) {
     scratch.Write("blink/Debug/blink.lst", "0000 0001 nop\r\n0001 0001 nop\r\n");
     Bar().LoadAll(false);
     Listing().Send(SCI_MARKERADD, 1, kMarkerExecution);
-    int64_t pc = 5;
+    uint32_t pc = 5;
     EXPECT_EQ(Listing().LineOfProgramCounter(pc), -1);
-    EXPECT_EQ(pc, 0);
+    EXPECT_EQ(pc, 0u);
     Listing().ShowListingPosition();
     EXPECT_FALSE(Has(1, kMarkerExecution));
     EXPECT_EQ(program.BuildLines().back(), LoadText(IDS_NOT_IN_LISTING, {"0x0000"}));
