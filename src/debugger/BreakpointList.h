@@ -21,6 +21,5 @@ public:
     void SaveMarkerData(const CMarker &marker, CMarkerSection &section, int index) const override;
     void LoadMarkerData(CMarker &marker, const CMarkerSection &section, int index) override;
 
-    void TakeFromView(CIDEView &view) override;              // finds runToCursorMarker again
-    void FollowEdit(CIDEView &view) { TakeFromView(view); }  // lines may have moved
+    void TakeFromView(CIDEView &view) override;  // finds runToCursorMarker again
 };

@@ -50,8 +50,8 @@ public:
     // Adds the markers that a view of `file`, of which the list has none, shows now; each takes over the head of the
     // list of its state. Several of one line become one.
     void RefreshFromView(const CSciWindow &view, const std::string &file, TempMarkers *normal, TempMarkers *second);
-    void PlaceInView(const std::string &file,
-                     const CSciWindow &view);  // adds the component's marker of each of the file
+    // Adds the component's marker of each of the file.
+    void PlaceInView(const std::string &file, const CSciWindow &view);
 
     // Takes all of the component's markers of one number off a line.
     static void DeleteAllOfLine(const CSciWindow &view, intptr_t line, int number);

@@ -4,17 +4,17 @@
 
 void CRunClock::Clear() {
     currentTick_ = 0;
-    history_.clear();
+    tickHistory_.clear();
 }
 
 void CRunClock::NoteStop() {
-    if (history_.size() == kHistory) history_.erase(history_.begin());
-    history_.push_back(CurrentTick());
+    if (tickHistory_.size() == kHistory) tickHistory_.erase(tickHistory_.begin());
+    tickHistory_.push_back(CurrentTick());
 }
 
 void CRunClock::StepBack() {
-    currentTick_ = history_.empty() ? -1 : history_.back();
-    if (!history_.empty()) history_.pop_back();
+    currentTick_ = tickHistory_.empty() ? -1 : tickHistory_.back();
+    if (!tickHistory_.empty()) tickHistory_.pop_back();
 }
 
 ClockText ChooseClockText(int64_t tick) {

@@ -11,22 +11,22 @@ class CRunClock {
 public:
     static constexpr size_t kHistory = 100;  // stops; the oldest goes first
 
-    CRunClock() { history_.reserve(kHistory); }
+    CRunClock() { tickHistory_.reserve(kHistory); }
 
-    void Clear();             // a new run; no engine's thread is there yet
+    void Clear();  // a new run; no engine's thread is there yet
     void Set(int clk) { currentTick_.store(clk, std::memory_order_relaxed); }
-    void NoteStop();          // keeps the present tick
-    void StepBack();          // back to the tick kept last; -1 when there is none
+    void NoteStop();  // keeps the present tick
+    void StepBack();  // back to the tick kept last; -1 when there is none
     int64_t CurrentTick() const { return currentTick_.load(std::memory_order_relaxed); }
 
 private:
     std::atomic<int64_t> currentTick_ = 0;
-    std::vector<int64_t> history_;
+    std::vector<int64_t> tickHistory_;
 };
 
 // The text of the clock's pane: whole ticks up to 65535, then thousands or millions as powers of two.
 struct ClockText {
-    int text;          // id of the text that takes the number
+    int text;  // id of the text that takes the number
     int64_t number;
 };
 ClockText ChooseClockText(int64_t tick);

@@ -365,7 +365,7 @@ void CIDEView::OnModified(const SciLexerNotification &notification) {
     lastEditTopLine_ = Send(SCI_GETFIRSTVISIBLELINE);
     // A change within a line moves no mark; of many changes told at once the count of lines isn't known.
     const int changes = notification.modificationType & kChangesOfText;
-    if (changes == kChangesOfText || (changes && notification.linesAdded)) CIDEApp::Get().breakpoints.FollowEdit(*this);
+    if (changes == kChangesOfText || (changes && notification.linesAdded)) CIDEApp::Get().breakpoints.TakeFromView(*this);
     if (!CIDEApp::Get().editorProperties.lineNumbers) return;
     const int width = CEditorProperties::LineNumberWidth(sci_, static_cast<int>(Send(SCI_GETLINECOUNT)));
     if (width != Send(SCI_GETMARGINWIDTHN, 0)) Send(SCI_SETMARGINWIDTHN, 0, width);

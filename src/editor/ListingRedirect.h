@@ -3,7 +3,6 @@
 
 class CCmdUI;
 
-// Offers a command that has reached the view of a source: posts it to the listing, or tells its state there in `ui`. While
-// another tab of the bar is in front, that view gets it.
-// False when the view is to handle it itself. Main thread.
+// Offers a command that has reached the view of a source: posts it to the listing, or tells its state there in `ui`.
+// While another tab of the bar is in front, that view gets it. False when the view is to handle it itself. Main thread.
 bool RedirectToListing(int id, CCmdUI *ui);
