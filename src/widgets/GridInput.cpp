@@ -110,8 +110,6 @@ GridPlace CGridCtrl::EndOfRow(int row, int column, int step) const {
 
 bool CGridCtrl::MoveByKey(const QKeyEvent &event) {
     const bool ends = event.modifiers() & Qt::ControlModifier, extends = event.modifiers() & Qt::ShiftModifier;
-    if (!current_.IsValid()) current_ = anchor_ = EndOfRow(verticalScrollBar()->value(), 0, 1);
-    if (!current_.IsValid()) return false;
     GridPlace to;
     switch (event.key()) {
         case Qt::Key_Up:
@@ -121,10 +119,10 @@ bool CGridCtrl::MoveByKey(const QKeyEvent &event) {
             to = Step(ends ? rows_ : 1, 0);
             break;
         case Qt::Key_Left:
-            to = Step(0, -1);
+            to = ends ? EndOfRow(current_.row, 0, 1) : Step(0, -1);
             break;
         case Qt::Key_Right:
-            to = Step(0, 1);
+            to = ends ? EndOfRow(current_.row, columns_ - 1, -1) : Step(0, 1);
             break;
         case Qt::Key_PageUp:
             to = Step(-RowsInView(), 0);
@@ -141,7 +139,8 @@ bool CGridCtrl::MoveByKey(const QKeyEvent &event) {
         default:
             return false;
     }
-    Select(to, extends ? anchor_ : to);
+    if (!current_.IsValid()) to = EndOfRow(verticalScrollBar()->value(), 0, 1);
+    Select(to, extends && anchor_.IsValid() ? anchor_ : to);
     return true;
 }
 
