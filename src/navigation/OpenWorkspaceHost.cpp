@@ -143,7 +143,7 @@ void COpenWorkspaceHost::OpenFile(const std::string &file) {
         if (CMainFrame *frame = app.GetMainFrame()) frame->ShowError(LoadText(IDS_NO_SUCH_FILE, {DisplayPath(file)}));
         return;
     }
-    app.FindOrOpenDocument(file, true);
+    app.OpenDocumentFile(file);  // an open one comes to the front
 }
 
 void COpenWorkspaceHost::ActivateProject(const std::string &project) {

@@ -83,6 +83,15 @@ TEST_F(WorkspaceTabsTest, LeadsFromSymbolsToTheirSource) {
     EXPECT_TRUE(text.substr(at).starts_with("led_toggle")) << text.substr(at, 40);
 }
 
+TEST_F(WorkspaceTabsTest, OpensFilesOrBringsThemToTheFront) {
+    StartBlink();
+    for (const std::string file : {"led.asm", "main.asm", "led.asm"}) {
+        Select("blink/blink.__c", "blink/" + file);
+        QTest::keyClick(&Tree(), Qt::Key_Return);
+        EXPECT_EQ(program->ActiveFile(), file);
+    }
+}
+
 TEST_F(WorkspaceTabsTest, KeepsTheGroupingWithTheProject) {
     scratch.CopyExample("");
     scratch.CopyExample("greeting");
