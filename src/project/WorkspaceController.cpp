@@ -253,20 +253,18 @@ void CWorkspaceController::RefreshAfterProjectChange() {
     Frame().WorkspaceBar().Fill();
 }
 
-void CWorkspaceController::SelectConfiguration() {
-    CMainFrame &frame = Frame();
-    CWorkspaceBar &bar = frame.WorkspaceBar();
-    const std::string selected = frame.GetProjectConfigName();
+void CWorkspaceController::TakeConfiguration() {
+    const std::string selected = Frame().GetProjectConfigName();
     WorkspaceOrNone().SetActiveConfig(selected.empty() ? "Debug" : selected);
-    {
-        const TreeRedrawLock lock;
-        const int row = bar.FirstVisibleRow();
-        bar.RebuildOutputRows();
-        bar.SetFirstVisibleRow(row);
-    }
-    bar.ReloadTodo();
+    const TreeRedrawLock lock;
+    Frame().WorkspaceBar().RebuildOutputRows();
+}
+
+void CWorkspaceController::SelectConfiguration() {
+    TakeConfiguration();
+    Frame().WorkspaceBar().ReloadTodo();
     CIDEApp::Get().symbols.UpdateBrowseInfo();
-    RefreshBuildViews();
+    Frame().ListBar().LoadAll(false);
 }
 
 void CWorkspaceController::StoreProjectState(const std::string &projectFile) {
@@ -349,7 +347,7 @@ void CWorkspaceController::AddProjectToWorkspace(const std::string &file) {
         Frame().WorkspaceBar().AddProject(file);
     }
     ActivateProject(oldFile, file);
-    SelectConfiguration();
+    TakeConfiguration();
     if (const auto project = workspace->FindProject(file)) ReportUnreadableFile(*project);
 }
 
@@ -383,8 +381,11 @@ void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {
             ShowActiveProject();
         } else {
             Frame().ConfigBox().ResetContent();
+            Frame().ListBar().UpdateCodeWindowTabs();
             bar.Fill();
         }
+        bar.ApplyGrouping(GetProjectInt("Browse", "Grouping", 0));
+        Frame().ListBar().LoadAll(false);
         LoadProjectState();
     }
     bar.ReloadTodo();

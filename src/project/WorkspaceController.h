@@ -54,6 +54,7 @@ private:
     void ShowActiveProject();  // its target, compiler and configurations
     void ConfirmTarget();      // asks to change a target that the toolsuite doesn't know
     void FillConfigBox();
+    void TakeConfiguration();  // the one that the frame's box shows, into all projects
     void StoreProjectState(const std::string &projectFile);  // what other subsystems keep in it
     void LoadProjectState();                                 // of the active project
 
