@@ -71,28 +71,30 @@ bool CBrowseUpdate::Start(const char *kinds, const std::string &output, const ch
     return ctags_->Start(IndexCommandLine(language_.option, kinds, ToNativePath(output), arguments));
 }
 
-bool CBrowseUpdate::HasCtagsEnded() {
-    if (!ctags_->WaitForEnd(0ms)) return false;
-    ctags_.reset();
-    return true;
-}
-
 void CBrowseUpdate::StartTags() {
     list_ = WriteBrowseFileList(files_.project);
-    if (list_.empty() || !Start(language_.indexKinds, files_.tags, "-n")) {
+    if (!list_.empty() && Start(language_.indexKinds, files_.tags, "-n"))
+        Await(&CBrowseUpdate::ReadTags);
+    else
         Finish(Outcome::notStarted);
-        return;
-    }
-    Next(&CBrowseUpdate::AwaitTags);
 }
 
-void CBrowseUpdate::AwaitTags() {
-    if (HasCtagsEnded())
-        Next(&CBrowseUpdate::ReadTags);
-    else if (std::chrono::steady_clock::now() - started_ > kPatience)
-        Finish(Outcome::givenUp);
-    else
-        Next(&CBrowseUpdate::AwaitTags);
+void CBrowseUpdate::Await(Step then) {
+    then_ = then;
+    Next(&CBrowseUpdate::AwaitCtags);
+}
+
+// What a run has left that is given up is read all the same: the symbols of before are better than none.
+void CBrowseUpdate::AwaitCtags() {
+    if (!ctags_->WaitForEnd(0ms)) {
+        if (std::chrono::steady_clock::now() - started_ <= kPatience) {
+            Next(&CBrowseUpdate::AwaitCtags);
+            return;
+        }
+        outcome_ = Outcome::givenUp;
+    }
+    ctags_.reset();
+    Next(then_);
 }
 
 void CBrowseUpdate::ReadTags() {
@@ -102,24 +104,18 @@ void CBrowseUpdate::ReadTags() {
         reader_ = std::make_unique<CTagReader>(text_, language_.language, maps_);
     }
     if (!reader_->Read(kTagsAtOnce)) reader_.reset();
-    Next(reader_ || !toRead_.empty() ? &CBrowseUpdate::ReadTags : &CBrowseUpdate::StartPrototypes);
+    if (reader_ || !toRead_.empty())
+        Next(&CBrowseUpdate::ReadTags);
+    else
+        Next(outcome_ == Outcome::read ? &CBrowseUpdate::StartPrototypes : &CBrowseUpdate::FinishReading);
 }
 
 void CBrowseUpdate::StartPrototypes() {
     text_ = {};
     if (Start(kPrototypeKinds, files_.prototypes, "-N"))
-        Next(&CBrowseUpdate::AwaitPrototypes);
+        Await(&CBrowseUpdate::ReadPrototypes);
     else
-        Finish(Outcome::read);
-}
-
-void CBrowseUpdate::AwaitPrototypes() {
-    if (HasCtagsEnded())
-        Next(&CBrowseUpdate::ReadPrototypes);
-    else if (std::chrono::steady_clock::now() - started_ > kPatience)
-        Finish(Outcome::givenUp);
-    else
-        Next(&CBrowseUpdate::AwaitPrototypes);
+        FinishReading();
 }
 
 void CBrowseUpdate::ReadPrototypes() {
@@ -132,5 +128,5 @@ void CBrowseUpdate::ReadPrototypes() {
 
 // In a turn of its own: showing the index is work enough for one.
 void CBrowseUpdate::FinishReading() {
-    Finish(Outcome::read);
+    Finish(outcome_);
 }

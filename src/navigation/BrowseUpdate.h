@@ -29,13 +29,12 @@ private:
     void Finish(Outcome outcome);
     void DropFiles();
     bool Start(const char *kinds, const std::string &output, const char *numbering);
-    bool HasCtagsEnded();
+    void Await(Step then);  // the end of the present run
 
     void StartTags();
-    void AwaitTags();
+    void AwaitCtags();
     void ReadTags();
     void StartPrototypes();
-    void AwaitPrototypes();
     void ReadPrototypes();
     void FinishReading();
     void ForgetMaps();
@@ -53,4 +52,6 @@ private:
     SymbolMaps maps_;
     QTimer timer_;
     Step step_ = nullptr;
+    Step then_ = nullptr;  // behind the present run
+    Outcome outcome_ = Outcome::read;
 };
