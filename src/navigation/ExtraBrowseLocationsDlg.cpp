@@ -67,16 +67,20 @@ CExtraBrowseLocationsDlg::CExtraBrowseLocationsDlg(QWidget *parent, std::string 
     connect(deleteKey, &QShortcut::activated, this, &CExtraBrowseLocationsDlg::Remove);
 
     if (!file_.empty())
-        for (const std::string &location : ReadExtraLocations(file_)) Add(location);
+        for (const std::string &location : ReadExtraLocations(file_)) Append(location);
     list_->setCurrentRow(0);
     list_->setFocus();
     UpdateButtons();
 }
 
 void CExtraBrowseLocationsDlg::Add(const std::string &location) {
-    if (location.empty()) return;
     for (int i = 0; i < list_->count(); ++i)
         if (NamesOneFile(LocationOf(*list_->item(i)), location)) return;
+    Append(location);
+}
+
+void CExtraBrowseLocationsDlg::Append(const std::string &location) {
+    if (location.empty()) return;
     auto *row = new QListWidgetItem(ToQString(DisplayPath(location)), list_);
     row->setData(kStored, ToQString(location));
     row->setToolTip(row->text());

@@ -18,7 +18,8 @@ private:
     void AddFiles();
     void AddFolder();
     void Remove();
-    void Add(const std::string &location);  // that isn't there already
+    void Add(const std::string &location);     // nothing when it is there already
+    void Append(const std::string &location);  // nothing for an empty one
     void UpdateButtons();
 
     std::string file_;
