@@ -16,7 +16,12 @@ void CTodoList::Begin(const std::string &projectFile, const std::string &singleF
     }
     const std::string saved = FullNameFrom(directory_, singleFile);
     const auto isSaved = [&](const std::string &name) { return EqualNoCase(FullNameFrom(directory_, name), saved); };
-    std::erase_if(records_, [&](const TodoRecord &record) { return isSaved(record.file); });
+    std::string file;  // of the last record: those of a file stand together
+    bool drop = false;
+    std::erase_if(records_, [&](const TodoRecord &record) {
+        if (record.file != file) drop = isSaved(file = record.file);
+        return drop;
+    });
     for (std::string &name : files.names)
         if (isSaved(name) && std::ranges::find(waiting_, name) == waiting_.end()) waiting_.push_back(std::move(name));
 }
