@@ -34,6 +34,10 @@ bool IsReturn(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+Qt::KeyboardModifiers ModifiersOf(const QKeyEvent &event) {
+    return event.modifiers() & ~Qt::KeypadModifier;
+}
+
 // Keys that mean something to a row before they mean something to the program.
 bool IsRowKey(int key) {
     return IsReturn(key) || key == Qt::Key_Delete || key == Qt::Key_Insert;
@@ -196,7 +200,7 @@ void CProjectTree::OpenRow(const QModelIndex &index) {
 bool CProjectTree::event(QEvent *event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->modifiers() == Qt::NoModifier && IsRowKey(key->key())) event->accept();
+        if (ModifiersOf(*key) == Qt::NoModifier && IsRowKey(key->key())) event->accept();
     }
     return QTreeView::event(event);
 }
@@ -228,7 +232,7 @@ void CProjectTree::mouseDoubleClickEvent(QMouseEvent *event) {
 }
 
 void CProjectTree::keyPressEvent(QKeyEvent *event) {
-    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const Qt::KeyboardModifiers modifiers = ModifiersOf(*event);
     if (IsReturn(event->key()) && modifiers == Qt::ControlModifier) {
         MakeProjectActive(model_->ProjectOf(currentIndex()));
     } else if (IsReturn(event->key()) && modifiers == Qt::NoModifier) {
