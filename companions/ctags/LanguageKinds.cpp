@@ -4,8 +4,8 @@
 
 namespace {
 
-// Letters of the tag generator. What is asked for under a language's own option counts for C and C++ alone: the other
-// parsers know less than the letters of a C compiler's project, and two of them other ones.
+// Letters of the tag generator. The ones that a project of C asks for count for C and C++ alone: the parsers of Pascal
+// and BASIC know fewer kinds, and under other letters.
 constexpr struct LanguageRow {
     const char *language;
     const char *prototypes;  // whose lines are headings of functions
