@@ -6,6 +6,7 @@
 #include "editor/IDEView.h"
 #include "editor/ReplaceDlg.h"
 #include "editor/ViewSearch.h"
+#include "editor/ViewSetup.h"
 
 namespace {
 
@@ -34,13 +35,12 @@ void CIDEView::MapSearchCommands() {
 }
 
 void CIDEView::EditQuietly(const std::function<bool()> &edit) {
-    constexpr int kChanges = SC_MOD_INSERTTEXT + SC_MOD_DELETETEXT;
     Send(SCI_SETMODEVENTMASK, 0);
     const bool changed = edit();
-    Send(SCI_SETMODEVENTMASK, kChanges);
+    Send(SCI_SETMODEVENTMASK, kChangesOfText);
     if (!changed) return;
     SciLexerNotification all{};
     all.code = SCN_MODIFIED;
-    all.modificationType = kChanges;
+    all.modificationType = kChangesOfText;
     OnModified(all);
 }

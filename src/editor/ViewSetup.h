@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "editor/FileKind.h"
+#include "editor/ScintillaMessages.h"
 
 class CSciWindow;
 
@@ -18,6 +19,8 @@ enum ViewMarker : int {
     kMarkerFunction = 5,  // invisible; follows the line of a function
 };
 inline constexpr int kBreakpointMarks = 1 << kMarkerBreakpoint | 1 << kMarkerBreakpointSecond;  // as a mask
+
+inline constexpr int kChangesOfText = SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT;  // all that a view is told of its text
 
 void SetUpWindow(const CSciWindow &window);   // at its creation
 void SetUpFolding(const CSciWindow &window);  // glyphs of the folding margin

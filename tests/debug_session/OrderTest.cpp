@@ -4,6 +4,7 @@
 #include "debugger/DbgInterface.h"
 #include "debugger/DebugNotices.h"
 #include "debugger/DebugSession.h"
+#include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
 #include "editor/ListBar.h"
 #include "framework/Language.h"
@@ -203,6 +204,8 @@ TEST_F(RecordedProgram, ShowsWhatTheEngineTells) {
     EXPECT_EQ(ExecutionPlace(), "main.asm:25");
     EXPECT_FALSE(program->Frame().HasTimer(kTimerRun));
     EXPECT_EQ(program->App().debugger.Notices()->HasStop(), false);
+    program->ActiveView()->GetIDEDoc()->ReloadFromDisk();
+    EXPECT_EQ(ExecutionPlace(), "main.asm:25");
 }
 
 // Commands that can't be done during a run wait for the target to stop.

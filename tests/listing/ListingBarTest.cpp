@@ -62,6 +62,7 @@ TEST_F(ListingProgram, ReadsAgainOnlyWhenAsked) {
     Bar().LoadAll(false);
     EXPECT_EQ(Listing().AddressTable().LineOf(1), -1);
     EXPECT_EQ(Listing().AddressTable().LineOf(2), 1);
+    EXPECT_FALSE(Listing().Send(SCI_CANUNDO)) << "old listings gather";
     int records = 0;
     for (; program.App().fileTracker.IsFileTracked(Path()); ++records) program.App().fileTracker.UntrackFile(Path());
     EXPECT_EQ(records, 1);
