@@ -17,6 +17,7 @@
 #include "framework/MDIFrameWnd.h"
 #include "framework/Text.h"
 #include "framework/WinApp.h"
+#include "widgets/ReadableColour.h"
 
 namespace {
 
@@ -75,7 +76,7 @@ bool CListBoxForFlatTabCtrl::CopyAll() {
 }
 
 bool CListBoxForFlatTabCtrl::IsDark() const {
-    return palette().color(QPalette::Base).lightness() < palette().color(QPalette::Text).lightness();
+    return HasDarkGround(palette());
 }
 
 // Scroll bars and picture follow the content once in a while, not at each line.

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "framework/Text.h"
+#include "widgets/ReadableColour.h"
 
 namespace {
 
@@ -35,9 +36,8 @@ QSize CProfileDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
 void CProfileDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
     const ProfileRow &row = rows_.List()[static_cast<size_t>(index.row())];
     const QPalette &palette = option.palette;
-    const bool dark = palette.base().color().lightness() < palette.text().color().lightness();
     const bool selected = option.state & QStyle::State_Selected;
-    const Colours &colours = dark ? kDark : kLight;
+    const Colours &colours = HasDarkGround(palette) ? kDark : kLight;
     const QRect area = option.rect;
     const int figuresWidth = option.fontMetrics.horizontalAdvance(kWidestFigures);
     const QRect name(area.left(), area.top(), kNameShare * area.height(), area.height());

@@ -18,7 +18,7 @@ constexpr int kMarkOverlap = 2;  // pixels of a digit that are empty
 
 CGridPainter::CGridPainter(const CGridCtrl &grid, QPainter &painter) : grid_(grid), painter_(painter) {
     const QPalette &palette = grid.palette();
-    dark_ = palette.base().color().lightness() < palette.text().color().lightness();
+    dark_ = HasDarkGround(palette);
     selected_ = {palette.highlight().color(), palette.highlightedText().color()};
     fixed_ = {palette.base().color(), ReadableColour(palette.placeholderText().color(), palette.base().color())};
     painter_.setFont(grid.font_);

@@ -1,5 +1,6 @@
 #include "widgets/ReadableColour.h"
 
+#include <QPalette>
 #include <algorithm>
 #include <cmath>
 
@@ -37,4 +38,8 @@ QColor ReadableColour(const QColor &colour, const QColor &ground) {
         if (ContrastOf(mixed, ground) >= kEnoughContrast) return mixed;
     }
     return end;
+}
+
+bool HasDarkGround(const QPalette &palette) {
+    return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
