@@ -1,6 +1,7 @@
 // Where a chip's indirect pointer points to.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 // The two registers that it is made of.
@@ -10,4 +11,4 @@ struct PointerParts {
 };
 
 PointerParts PointerPartsOf(const std::string &target);  // by the chip's name
-int PointerAddressOf(const PointerParts &parts, int high, int low);
+int PointerAddressOf(const PointerParts &parts, int64_t high, int64_t low);

@@ -8,7 +8,7 @@
 #include "app/StringIds.h"
 #include "debugger/DebugBars.h"
 #include "debugger/IndirectPointer.h"
-#include "debugger/ValueFormat.h"
+#include "debugger/TypedValue.h"
 #include "project/Workspace.h"
 
 namespace {
@@ -24,13 +24,6 @@ int MemorySize(const std::string &target) {
     for (const char *family : {"PIC18", "pic18", "Pic18"})
         if (target.find(family) != target.npos) return kLargeMemory;
     return kSmallMemory;
-}
-
-std::optional<int> Value(const std::string &name) {
-    std::string text;
-    if (!CIDEApp::Get().debugger.Evaluate(name, text, kDbgDecimal, nullptr)) return std::nullopt;
-    const auto number = NumberOfAnswer(text, kDbgDecimal);
-    return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
 }
 
 }  // namespace
@@ -50,7 +43,7 @@ void CRamBar::RefreshRam(bool force) {
 
 void CRamBar::RefreshPointer() {
     const PointerParts parts = PointerPartsOf(Target());
-    const std::optional<int> high = Value(parts.high), low = Value(parts.low);
+    const std::optional<int64_t> high = ReadNumber(parts.high), low = ReadNumber(parts.low);
     if (high && low)
         SetPointer(PointerAddressOf(parts, *high, *low));
     else

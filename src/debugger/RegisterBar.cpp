@@ -103,25 +103,26 @@ int CRegisterBar::OpenRow(int parent, const char *name, const char *value, void 
     const auto index = static_cast<size_t>(parent);
     CPropTreeItem *const above = parent > 0 && index <= loading.rows.size() ? loading.rows[index - 1] : nullptr;
     const std::string text = value ? value : "";
-    CPropTreeItem *row = nullptr;
-    if (!above && text.empty()) {
-        row = bar.tree_->InsertItem(std::make_unique<CPropTreeItem>(name));
-    } else {
-        const int format = GetProjectInt(kSection, FormatKeyOf(name), 0);
-        auto item = std::make_unique<CRegisterItem>(
-            name, format, [&bar] { CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(bar); });
-        CRegisterItem &reg = *item;
-        row = bar.tree_->InsertItem(std::move(item), above);
-        bar.registers_.push_back(&reg);
-        if (text.starts_with('?')) {
-            reg.ShowError();
-        } else {
-            reg.SetValue(text);
-            if (!text.empty()) bar.AddBits(reg, std::atoi(text.c_str()));
-        }
-    }
-    loading.rows.push_back(row);
+    const bool isGroup = !above && text.empty();
+    loading.rows.push_back(isGroup ? bar.tree_->InsertItem(std::make_unique<CPropTreeItem>(name))
+                                   : bar.AddRegister(name, text, above));
     return static_cast<int>(loading.rows.size());
+}
+
+CPropTreeItem *CRegisterBar::AddRegister(const std::string &name, const std::string &value, CPropTreeItem *above) {
+    const auto onWritten = [this] { CIDEApp::Get().GetMainFrame()->DebugBars().RefreshBehindEdit(*this); };
+    const int format = GetProjectInt(kSection, FormatKeyOf(name), 0);
+    auto item = std::make_unique<CRegisterItem>(name, format, onWritten);
+    CRegisterItem &row = *item;
+    tree_->InsertItem(std::move(item), above);
+    registers_.push_back(&row);
+    if (value.starts_with('?')) {
+        row.ShowError();
+        return &row;
+    }
+    row.SetValue(value);
+    if (!value.empty()) AddBits(row, std::atoi(value.c_str()));
+    return &row;
 }
 
 void CRegisterBar::AddBits(CRegisterItem &row, int value) {

@@ -35,6 +35,7 @@ private:
     static int OpenRow(int parent, const char *name, const char *value, void *user);
     static void CloseRow(int row, void *user);
     void BuildTree(Loading &loading);
+    CPropTreeItem *AddRegister(const std::string &name, const std::string &value, CPropTreeItem *above);
     void AddBits(CRegisterItem &row, int value);
     void AddMessageRow(int text);
 

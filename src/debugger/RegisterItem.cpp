@@ -7,7 +7,6 @@
 #include "app/StringIds.h"
 #include "debugger/TypedValue.h"
 #include "debugger/TypedValueMessages.h"
-#include "debugger/ValueFormat.h"
 #include "framework/Language.h"
 
 namespace {
@@ -24,9 +23,7 @@ CRegisterItem::CRegisterItem(const std::string &name, int format, std::function<
 }
 
 std::optional<uint16_t> CRegisterItem::Read() const {
-    std::string text;
-    if (!Debugger().Evaluate(expression_, text, kDecimal, nullptr)) return {};
-    const std::optional<int64_t> number = NumberOfAnswer(text, kDecimal);
+    const std::optional<int64_t> number = ReadNumber(expression_);
     return number ? std::optional(static_cast<uint16_t>(*number)) : std::nullopt;
 }
 

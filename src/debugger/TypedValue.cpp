@@ -1,7 +1,6 @@
 #include "debugger/TypedValue.h"
 
 #include <limits>
-#include <optional>
 
 #include "app/IDEApp.h"
 #include "debugger/ValueFormat.h"
@@ -12,22 +11,22 @@ CDbgInterface &Debugger() {
     return CIDEApp::Get().debugger;
 }
 
-std::optional<int64_t> ValueOf(const std::string &name) {
+}  // namespace
+
+std::optional<int64_t> ReadNumber(const std::string &name) {
     std::string text;
     return Debugger().Evaluate(name, text, kDecimal, nullptr) ? NumberOfAnswer(text, kDecimal) : std::nullopt;
 }
 
-}  // namespace
-
 bool SetTypedValue(const std::string &name, int64_t value, std::string &why) {
     if (value < std::numeric_limits<int32_t>::min() || value > std::numeric_limits<uint32_t>::max()) return false;
-    const std::optional<int64_t> old = ValueOf(name);
+    const std::optional<int64_t> old = ReadNumber(name);
     if (!Debugger().SetValue(name, static_cast<int32_t>(value))) {
         why = Debugger().ErrorText();
         return false;
     }
     if (value >= 0 && value <= std::numeric_limits<uint8_t>::max()) return true;
-    if (!IsCutOff(ValueOf(name).value_or(value), value)) return true;
+    if (!IsCutOff(ReadNumber(name).value_or(value), value)) return true;
     if (old) Debugger().SetValue(name, static_cast<int32_t>(*old));
     return false;
 }

@@ -1,8 +1,11 @@
-// Brings typed numbers into names of which only the engine knows how many bytes they have.
+// Numbers of the target by name, read and written, where only the engine knows how many bytes the name has.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+
+std::optional<int64_t> ReadNumber(const std::string &name);  // empty when it has none
 
 // False, with the value as it was, when the engine refuses, then with its words in `why`, or when the target has no
 // room for all of the number.
