@@ -18,13 +18,22 @@ bool IsWanted(const std::string &project, const char *key) {
     return project.empty() || GetPrivateProfileIntA("Browser", key, 1, project.c_str()) != 0;
 }
 
+// Beside the project, unless a file of that name that is no tag file lies there: the user's own, for protocol buffers.
+std::string PrototypeFile(const std::string &path) {
+    const std::string text = ReadWholeFile(path).value_or(std::string());
+    return text.empty() || text.starts_with('!') ? path : MakeTempFile("prt");
+}
+
 }  // namespace
 
 BrowseFiles BrowseFilesOf(const std::string &project, const std::string &configuration) {
     const CPath parts(project);
     const std::string folder = parts.GetDirectory(), title = parts.GetTitle();
-    BrowseFiles files{project, folder + configuration + "\\" + title + ".brws", {ExtraTagsFile(project)},
-                      folder + title + ".proto"};
+    BrowseFiles files;
+    files.project = project;
+    files.tags = folder + configuration + "\\" + title + ".brws";
+    files.extraTags = {ExtraTagsFile(project)};
+    files.prototypes = PrototypeFile(folder + title + ".proto");
     const std::string keeper = ExtraLocationsFile();
     if (keeper != project) files.extraTags.push_back(ExtraTagsFile(keeper));
     return files;

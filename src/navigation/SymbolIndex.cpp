@@ -32,9 +32,9 @@ constexpr std::chrono::milliseconds kPatience = 5s;  // with a tag generator tha
 constexpr uintmax_t kLargestListed = 20'000'000;     // bytes; a larger document has no list of functions
 
 // The order in which a name is looked for.
-constexpr std::array<SymbolMap SymbolMaps::*, 6> kSearchOrder = {
-    &SymbolMaps::Functions, &SymbolMaps::Variables, &SymbolMaps::Enums,
-    &SymbolMaps::Macros,    &SymbolMaps::Typedefs,  &SymbolMaps::Containers};
+constexpr std::array<SymbolMap SymbolMaps::*, 6> kSearchOrder = {&SymbolMaps::Functions, &SymbolMaps::Variables,
+                                                                 &SymbolMaps::Enums,     &SymbolMaps::Macros,
+                                                                 &SymbolMaps::Typedefs,  &SymbolMaps::Containers};
 
 const CtagsLanguage &ActiveLanguage() {
     const auto &workspace = CIDEApp::Get().workspace;
@@ -99,6 +99,7 @@ void CSymbolIndex::UpdateNow(CMainFrame &frame) {
     const std::string configuration = frame.GetProjectConfigName();
     if (configuration.empty()) return;
     const BrowseFiles files = BrowseFilesOf(project, configuration);
+    const CTempFile prototypes(files.prototypes);
     const CtagsLanguage &language = ActiveLanguage();
     const CTempFile list(CreateBrowseFileList());
     if (list.Path().empty()) return;
@@ -109,7 +110,6 @@ void CSymbolIndex::UpdateNow(CMainFrame &frame) {
     frame.WorkspaceBar().RebuildBrowseTree();
 
     if (ended_) return;  // by the user, who doesn't want to wait for it once more
-    const CTempFile prototypes(files.prototypes);
     if (RunCtags(files.prototypes, kPrototypeKinds, "-N" + listArgument)) ParsePrototypeFile(files.prototypes);
 }
 

@@ -86,6 +86,12 @@ TEST_F(SymbolTest, KnowsTheProjectsSymbolsAndPrototypes) {
     EXPECT_FALSE(scratch.Exists("p q/tank.proto"));
     EXPECT_FALSE(HasTemporaries());
 
+    scratch.Write("p q/tank.proto", "message Level {}\n");  // the user's own
+    App().symbols.UpdateBrowseInfo();
+    EXPECT_TRUE(Maps().Prototypes.contains("pump_speed"));
+    EXPECT_TRUE(scratch.Exists("p q/tank.proto"));
+    EXPECT_FALSE(HasTemporaries());
+
     program->Command(ID_WORKSPACE_CLOSE);
     EXPECT_TRUE(Maps().Functions.empty() && Maps().Prototypes.empty());
 }
