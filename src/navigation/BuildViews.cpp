@@ -6,9 +6,8 @@
 #include "navigation/WorkspaceBar.h"
 
 void RefreshBuildViews() {
-    // The rows of the output folder follow what the build left.
     CMainFrame *frame = CIDEApp::Get().GetMainFrame();
     if (!frame) return;
-    frame->WorkspaceBar().RebuildOutputRows();
+    frame->WorkspaceBar().RebuildOutputRows();  // they show which files are there
     frame->ListBar().LoadAll(false);
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
 namespace {
@@ -62,8 +61,4 @@ const char *FileIconName(std::string_view file) {
     for (const FileIcon &icon : kFileIcons)
         if (EqualNoCase(extension, icon.extension)) return icon.icon;
     return "file-other";
-}
-
-std::string RowText(std::string_view name) {
-    return NativePathAsSpelled(name);
 }

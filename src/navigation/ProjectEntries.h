@@ -42,6 +42,3 @@ std::string FileKey(std::string_view path);
 
 // Name of the drawing for a file in the icon set, by its extension.
 const char *FileIconName(std::string_view file);
-
-// A stored name as the user reads it: with the native separator.
-std::string RowText(std::string_view name);

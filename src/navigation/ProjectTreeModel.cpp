@@ -282,7 +282,7 @@ QVariant CProjectTreeModel::data(const QModelIndex &index, int role) const {
         case Qt::DisplayRole:
             if (row.kind == RowKind::empty) return ToQString(LoadText(IDS_EMPTY_TREE));
             if (row.kind == RowKind::outputFolder) return ToQString(LoadText(IDS_OUTPUT_FOLDER));
-            return ToQString(RowText(row.entry.name));
+            return ToQString(NativePathAsSpelled(row.entry.name));
         case Qt::DecorationRole:
             return IconOf(row);
         case kOpenIconRole:
