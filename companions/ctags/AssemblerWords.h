@@ -4,15 +4,15 @@
 #include <string_view>
 
 enum class AssemblerWord {
-    other,        // of no account, or no word of the assembler
-    plain,        // instruction or directive, of no account for names
-    assign,       // name = value
-    constant,     // a list of names with values
-    define,       // #define name text
-    macro,        // begins one, named before it
+    other,     // of no account, or no word of the assembler
+    plain,     // instruction or directive, of no account for names
+    assign,    // name = value
+    constant,  // a list of names with values
+    define,    // #define name text
+    macro,     // begins one, named before it
     endMacro,
-    local,        // a list of names of the macro's own
-    block,        // begins variables, lists of names with sizes
+    local,  // a list of names of the macro's own
+    block,  // begins variables, lists of names with sizes
     endBlock,
     codeSection,  // the name before it is the section's
     dataSection,  // this one too

@@ -12,7 +12,7 @@ struct BrowseRecord {
     intptr_t item = 0;  // the row that shows it in the browse tree; 0: none
 
     // In the history only, else -1
-    int32_t pos = -1;               // of the caret, in bytes
+    int32_t pos = -1;  // of the caret, in bytes
     int32_t firstVisibleLine = -1;
-    int32_t viewIndex = -1;         // among the document's views
+    int32_t viewIndex = -1;  // among the document's views
 };

@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kPollTime = 15ms;
-constexpr auto kPatience = 120s;         // with one run of the tag generator
+constexpr auto kPatience = 120s;        // with one run of the tag generator
 constexpr size_t kTagsAtOnce = 10'000;  // some milliseconds' work
 
 }  // namespace

@@ -45,7 +45,7 @@ private:
     std::string list_;
     std::unique_ptr<CCtagsProcess> ctags_;
     std::chrono::steady_clock::time_point started_;  // of the present run
-    std::vector<std::string> toRead_;  // tag files, the next one last
+    std::vector<std::string> toRead_;                // tag files, the next one last
     std::string text_;
     std::unique_ptr<CTagReader> reader_;
     std::unique_ptr<CPrototypeReader> prototypeReader_;

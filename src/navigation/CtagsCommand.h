@@ -10,8 +10,8 @@ inline constexpr const char *kPrototypeKinds = "p";
 
 // What the tag generator is told for the sources of a toolsuite.
 struct CtagsLanguage {
-    const char *toolsuite;   // its name, in any case; null for all others
-    const char *option;      // takes the kinds
+    const char *toolsuite;  // its name, in any case; null for all others
+    const char *option;     // takes the kinds
     const char *indexKinds;
     const char *documentOption;  // with its kinds
     TagLanguage language;

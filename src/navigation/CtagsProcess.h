@@ -14,7 +14,7 @@ public:
     CCtagsProcess(const CCtagsProcess &) = delete;
     CCtagsProcess &operator=(const CCtagsProcess &) = delete;
 
-    bool Start(const std::string &commandLine);  // in the current directory; once. False when it can't be started
+    bool Start(const std::string &commandLine);        // in the current directory; once. False when it can't be started
     bool WaitForEnd(std::chrono::milliseconds limit);  // false while it runs
     void Kill();
 

@@ -24,8 +24,8 @@
 namespace {
 
 // Files that the editor shows whatever the desktop would do with them.
-constexpr std::array<std::string_view, 12> kSourceExtensions = {
-    ".c", ".cpp", ".c++", ".cxx", ".cc", ".h", ".hpp", ".txt", ".asm", ".lst", ".hex", ".map"};
+constexpr std::array<std::string_view, 12> kSourceExtensions = {".c",   ".cpp", ".c++", ".cxx", ".cc",  ".h",
+                                                                ".hpp", ".txt", ".asm", ".lst", ".hex", ".map"};
 
 bool IsForEditor(const std::string &file) {
     const std::string extension = _splitpath(file).extension;

@@ -189,8 +189,7 @@ void COpenWorkspaceHost::RemoveFile(const std::string &project, const std::strin
 }
 
 bool COpenWorkspaceHost::CanMakeRelative(const std::string &project, const std::string &file) const {
-    return WorkspaceOrNone().Call(project, false,
-                                  [&](CProject &found) { return RelativeName(found, file) != file; });
+    return WorkspaceOrNone().Call(project, false, [&](CProject &found) { return RelativeName(found, file) != file; });
 }
 
 void COpenWorkspaceHost::MakeRelative(const std::string &project, const std::string &file) {

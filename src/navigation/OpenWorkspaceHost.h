@@ -6,7 +6,7 @@
 class CProject;
 
 class COpenWorkspaceHost : public CWorkspaceBarHost {
- public:
+public:
     bool IsOpen() const override;
     bool HoldsManyProjects() const override;
     std::vector<ProjectEntry> Projects() const override;
@@ -35,6 +35,6 @@ class COpenWorkspaceHost : public CWorkspaceBarHost {
     void OpenLine(const std::string &file, int line) override;
     void StoreGrouping(int grouping) override;
 
- private:
+private:
     static void ReadOutputs(CProject &project, ProjectEntry &entry);
 };

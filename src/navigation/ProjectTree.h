@@ -12,7 +12,7 @@ class CWorkspaceBarHost;
 // It is the target of its menus' commands while one of them is open, for those that concern the selected row. Projects
 // and files are named in any spelling that the host understands. Main thread.
 class CProjectTree : public QTreeView, public CCmdTarget {
- public:
+public:
     explicit CProjectTree(CWorkspaceBarHost &host, QWidget *parent = nullptr);  // the host outlives the tree
 
     void Fill();  // keeps selection, scroll position and what is expanded of the projects that stay
@@ -38,7 +38,7 @@ class CProjectTree : public QTreeView, public CCmdTarget {
 
     bool OnCmdMsg(int id, CCmdUI *ui) override;
 
- protected:
+protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -49,7 +49,7 @@ class CProjectTree : public QTreeView, public CCmdTarget {
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
- private:
+private:
     struct Place;  // of the user in the tree
     Place NotePlace();
     void RestorePlace(const Place &place);

@@ -14,7 +14,7 @@ enum class RowKind { none, project, file, outputFolder, outputFile, empty };
 
 // Projects and files are named by full paths in the Windows form. Operations on a project that has no row do nothing.
 class CProjectTreeModel : public QAbstractItemModel {
- public:
+public:
     explicit CProjectTreeModel(QObject *parent = nullptr);
     ~CProjectTreeModel() override;
 
@@ -44,7 +44,7 @@ class CProjectTreeModel : public QAbstractItemModel {
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
- private:
+private:
     struct Row;
     Row *RowOf(const QModelIndex &index) const;  // the invisible root for an invalid index
     QModelIndex IndexOf(const Row &row) const;

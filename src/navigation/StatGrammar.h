@@ -33,11 +33,11 @@ struct stat_grammar : public boost::spirit::classic::grammar<stat_grammar> {
             name = lexeme_d[name_first >> *name_further];
             file = '"' >> !lexeme_d[file_name.first >> *file_name.further][with_text(actions.file)] >> '"';
             line_number = str_p("line") >> '=' >> uint_p[with_number(actions.line)];
-            ram = str_p("ram") >> '=' >> uint_p[with_number(actions.ram_whole)] >> '.'
-                  >> uint_p[with_number(actions.ram_part)];
+            ram = str_p("ram") >> '=' >> uint_p[with_number(actions.ram_whole)] >> '.' >>
+                  uint_p[with_number(actions.ram_part)];
             rom = str_p("rom") >> '=' >> uint_p[with_number(actions.rom)];
-            fields = name[with_text(actions.name)] >> ':' >> file >> ',' >> line_number >> ',' >> ram >> ','
-                  >> rom >> ';';
+            fields =
+                name[with_text(actions.name)] >> ':' >> file >> ',' >> line_number >> ',' >> ram >> ',' >> rom >> ';';
             begin = eps_p[bare(actions.begin_action)];
             record = begin >> fields[bare(actions.complete_action)];
             class_record =

@@ -59,11 +59,11 @@ private:
     bool Run(const std::string &commandLine);  // as RunCtags
 
     SymbolMaps maps_;
-    std::unique_ptr<CBrowseUpdate> update_;  // null while none runs behind the user's back
+    std::unique_ptr<CBrowseUpdate> update_;    // null while none runs behind the user's back
     std::unique_ptr<CBrowseUpdate> finished_;  // the last one
-    int64_t readAt_ = 0, requestedAt_ = 0;   // when the files of the index, and of the present update, began to be read
-    bool waiting_ = false;                   // for the tag generator
-    bool updating_ = false;                  // while the caller waits for it
-    bool ended_ = false;                     // the last run, by the user
-    bool again_ = false;                     // what the present update reads is out of date
+    int64_t readAt_ = 0, requestedAt_ = 0;  // when the files of the index, and of the present update, began to be read
+    bool waiting_ = false;                  // for the tag generator
+    bool updating_ = false;                 // while the caller waits for it
+    bool ended_ = false;                    // the last run, by the user
+    bool again_ = false;                    // what the present update reads is out of date
 };

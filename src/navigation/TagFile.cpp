@@ -88,7 +88,8 @@ public:
     SymbolMap SymbolMaps::*MapOf(char letter) const { return maps_[static_cast<unsigned char>(letter)]; }
 
 private:
-    template <size_t n> void Add(const KindRoute (&routes)[n]) {
+    template <size_t n>
+    void Add(const KindRoute (&routes)[n]) {
         for (const KindRoute &route : routes) maps_[static_cast<unsigned char>(route.letter)] = route.map;
     }
 

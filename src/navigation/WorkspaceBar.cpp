@@ -2,8 +2,8 @@
 
 #include <QDropEvent>
 #include <QLabel>
-#include <QMimeData>
 #include <QMenu>
+#include <QMimeData>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>

@@ -32,27 +32,27 @@ public:
     }
     void ShowTab(Tab tab) { tabs_->setCurrentIndex(tab); }
 
-    void SetRedraw(bool redraw);                // nested; the last true repaints once
-    void SetTitle(const std::string &text);     // text above the tree: what kind of workspace is open
+    void SetRedraw(bool redraw);             // nested; the last true repaints once
+    void SetTitle(const std::string &text);  // text above the tree: what kind of workspace is open
 
-    void Fill();                                // all rows of the open workspace; "empty" without projects
-    void Clear();                               // no workspace
+    void Fill();   // all rows of the open workspace; "empty" without projects
+    void Clear();  // no workspace
     void AddProject(const std::string &project);
     void RemoveProject(const std::string &project);
-    void MarkActiveProject();                   // bold and tinted
+    void MarkActiveProject();  // bold and tinted
     void AddFile(const std::string &project, const std::string &file);
     void RemoveFile(const std::string &project, const std::string &file);
-    void RebuildOutputRows();                   // of all projects; keeps selection and scroll position
+    void RebuildOutputRows();  // of all projects; keeps selection and scroll position
 
     void RebuildBrowseTree();                   // from the symbol index, in the present grouping
     void ClearBrowseTree();                     // no project is open
     int Grouping() const { return grouping_; }  // of the symbols: 1 by category, 2 by file
     void ApplyGrouping(int grouping);           // a project's; 0: the present one stays
 
-    void ReloadTodo();                          // all files of the active project
+    void ReloadTodo();                              // all files of the active project
     void RescanTodo(const std::string &savedFile);  // one file, which was just written
 
-    int FirstVisibleRow() const;                // rows above the first visible one
+    int FirstVisibleRow() const;  // rows above the first visible one
     void SetFirstVisibleRow(int row);
 
     CProjectTree &Tree() { return *tree_; }

@@ -16,7 +16,7 @@ enum class ProjectBuild { build, rebuild, clean };
 
 // Projects and files are named by full paths in the Windows form, as the entries give them. Main thread.
 class CWorkspaceBarHost {
- public:
+public:
     virtual ~CWorkspaceBarHost() = default;
 
     // The model

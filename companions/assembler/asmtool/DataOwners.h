@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "coff/FunctionSplit.h"
 #include "LinkReferences.h"
+#include "coff/FunctionSplit.h"
 
 // Bytes of data memory by function: those under labels that this function alone refers to. What several functions
 // refer to, initialized data refers to, or nobody does, is no function's.

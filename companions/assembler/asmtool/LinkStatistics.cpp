@@ -4,10 +4,10 @@
 #include <unordered_set>
 
 #include "DataOwners.h"
-#include "coff/FunctionSplit.h"
-#include "coff/InstructionSet.h"
 #include "LinkReferences.h"
 #include "SourceTexts.h"
+#include "coff/FunctionSplit.h"
+#include "coff/InstructionSet.h"
 #include "platform/NativePath.h"
 
 namespace {

@@ -152,8 +152,8 @@ bool CMessageRewriter::NamesTheSameProcessor(std::string_view file, int line) co
     return end == words.size() || !std::isalnum(static_cast<unsigned char>(words[end]));
 }
 
-// Names of includes are told apart by case, and have slashes; a file that differs in nothing else is worth a word. So is
-// one whose name has a directory: the assembler doesn't look for it in the include directories.
+// Names of includes are told apart by case, and have slashes; a file that differs in nothing else is worth a word. So
+// is one whose name has a directory: the assembler doesn't look for it in the include directories.
 std::string CMessageRewriter::HintFor(const std::string &include) const {
     if (include.empty()) return {};
     std::vector<std::string> directories = {""};
