@@ -22,7 +22,7 @@ CDebugBar::CDebugBar(int id, int title, QWidget *parent)
     setWidget(pages_);
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
         CMainFrame *const frame = CIDEApp::Get().GetMainFrame();
-        if (visible && frame && (frame->DebugBars().AreOnView() || CIDEApp::Get().session.IsRunning())) Refresh();
+        if (visible && frame && frame->DebugBars().AreOnView()) Refresh();
     });
 }
 
