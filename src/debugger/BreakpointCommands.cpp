@@ -20,8 +20,8 @@ namespace {
 // -1 when no run counts.
 int HitCountOf(const CMarker &marker) {
     const CIDEApp &app = CIDEApp::Get();
-    int count = -1;
     if (!app.session.IsOpen() || marker.id == 0) return -1;
+    int count = 0;
     return app.debugger.Call(&EngineCalls::DbgGetBreakpointHitCount, marker.id, &count) == kDbgOk ? count : -1;
 }
 
@@ -34,9 +34,7 @@ bool GiveConditions(int id, const CBreakpointProps &props) {
 std::string GiveEdited(const CMarker &marker, const CBreakpointProps &props) {
     CIDEApp &app = CIDEApp::Get();
     if (!app.session.IsOpen() || marker.id == 0) return {};
-    if (!GiveConditions(marker.id, props)) {
-        return BoxText(RefusalOfConditions(marker));
-    }
+    if (!GiveConditions(marker.id, props)) return BoxText(RefusalOfConditions(marker));
     if (props.hitCount == 0) app.debugger.Call(&EngineCalls::DbgResetBreakpointHitCount, marker.id);
     return {};
 }
