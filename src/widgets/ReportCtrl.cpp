@@ -66,14 +66,6 @@ const ReportRow &CReportCtrl::Row(int place) const {
     return rows_->Row(place);
 }
 
-void CReportCtrl::SetCell(int place, int column, std::string text) {
-    rows_->SetCell(place, column, std::move(text));
-}
-
-void CReportCtrl::SetRowColour(int place, uint32_t colour) {
-    rows_->SetColour(place, colour);
-}
-
 int CReportCtrl::CurrentRow() const {
     return currentIndex().row();
 }

@@ -25,8 +25,6 @@ public:
 
     int RowCount() const;
     const ReportRow &Row(int place) const;
-    void SetCell(int place, int column, std::string text);  // isn't sorted in
-    void SetRowColour(int place, uint32_t colour);
 
     int CurrentRow() const;     // -1: none
     void SelectRow(int place);  // alone, and brings it into view

@@ -5,7 +5,6 @@
 
 #include "framework/Text.h"
 #include "widgets/ReportOrder.h"
-#include "widgets/RowDelegate.h"
 
 namespace {
 
@@ -29,19 +28,6 @@ void CReportModel::SetRows(std::vector<ReportRow> rows) {
     endResetModel();
 }
 
-void CReportModel::SetCell(int place, int column, std::string text) {
-    auto &cells = rows_[static_cast<size_t>(place)].cells;
-    if (cells.size() <= static_cast<size_t>(column)) cells.resize(static_cast<size_t>(column) + 1);
-    if (cells[static_cast<size_t>(column)] == text) return;
-    cells[static_cast<size_t>(column)] = std::move(text);
-    emit dataChanged(index(place, column), index(place, column));
-}
-
-void CReportModel::SetColour(int place, uint32_t colour) {
-    rows_[static_cast<size_t>(place)].colour = colour;
-    emit dataChanged(index(place, 0), index(place, columnCount() - 1));
-}
-
 int CReportModel::FindRow(const std::vector<std::string> &cells) const {
     const auto found = std::ranges::find(rows_, cells, &ReportRow::cells);
     return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
@@ -63,10 +49,6 @@ QVariant CReportModel::data(const QModelIndex &index, int role) const {
             return ToQString(CellOf(row, index.column()));
         case Qt::TextAlignmentRole:
             return headerData(index.column(), Qt::Horizontal, role);
-        case Qt::FontRole:
-            return row.font ? QVariant(*row.font) : QVariant();
-        case kRowColourRole:
-            return row.colour;
         default:
             return {};
     }

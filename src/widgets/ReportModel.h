@@ -12,8 +12,6 @@ public:
     void SetColumns(std::vector<ReportColumn> columns);
     void SetRows(std::vector<ReportRow> rows);  // in the order of the present sorting
     const ReportRow &Row(int place) const { return rows_[static_cast<size_t>(place)]; }
-    void SetCell(int place, int column, std::string text);  // stays where it is in the order
-    void SetColour(int place, uint32_t colour);
     int FindRow(const std::vector<std::string> &cells) const;  // -1: none
 
     int rowCount(const QModelIndex &parent = {}) const override;

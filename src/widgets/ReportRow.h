@@ -1,7 +1,6 @@
 // What a CReportCtrl shows: its columns and rows.
 #pragma once
 
-#include <QFont>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -17,6 +16,4 @@ struct ReportColumn {
 struct ReportRow {
     std::vector<std::string> cells;  // by column; missing ones are empty
     std::optional<intptr_t> data;    // what the row stands for, in the owner's terms; survives sorting
-    uint32_t colour = 0;             // word 0x00BBGGRR; 0: as normal text
-    std::optional<QFont> font;       // of the list's size
 };

@@ -68,10 +68,6 @@ void CTreeCtrlEx::SetItemText(TreeItem item, std::string text) {
     rows_->Changed(*item);
 }
 
-uint32_t CTreeCtrlEx::GetItemColour(TreeItem item) const {
-    return item->colour;
-}
-
 void CTreeCtrlEx::SetItemColour(TreeItem item, uint32_t colour) {
     if (item->colour == colour) return;
     item->colour = colour;
@@ -85,10 +81,6 @@ void CTreeCtrlEx::SetItemFont(TreeItem item, const QFont &font) {
 
 intptr_t CTreeCtrlEx::GetItemData(TreeItem item) const {
     return item->data;
-}
-
-void CTreeCtrlEx::SetItemData(TreeItem item, intptr_t data) {
-    item->data = data;
 }
 
 TreeItem CTreeCtrlEx::GetParentItem(TreeItem item) const {

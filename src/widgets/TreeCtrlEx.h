@@ -26,11 +26,9 @@ public:
 
     const std::string &GetItemText(TreeItem item) const;
     void SetItemText(TreeItem item, std::string text);
-    uint32_t GetItemColour(TreeItem item) const;
     void SetItemColour(TreeItem item, uint32_t colour);
     void SetItemFont(TreeItem item, const QFont &font);  // of the tree's size, else its row isn't high enough
-    intptr_t GetItemData(TreeItem item) const;           // the owner's, 0 at first
-    void SetItemData(TreeItem item, intptr_t data);
+    intptr_t GetItemData(TreeItem item) const;           // the owner's, as inserted
 
     TreeItem GetParentItem(TreeItem item) const;
     int GetChildCount(TreeItem item = nullptr) const;
