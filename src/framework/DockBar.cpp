@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QShortcut>
+#include <QTabBar>
 
 #include "framework/MDIFrameWnd.h"
 #include "framework/Text.h"
@@ -35,8 +36,8 @@ void CDockBar::FocusContent() {
     QWidget *place = focusWidget();
     if (!place) {
         for (QWidget *each = nextInFocusChain(); each != this; each = each->nextInFocusChain()) {
-            const bool takesFocus = (each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && !each->isHidden();
-            if (!takesFocus || !widget() || !widget()->isAncestorOf(each)) continue;
+            const bool takesFocus = (each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && each->isVisibleTo(this);
+            if (!takesFocus || !widget() || !widget()->isAncestorOf(each) || qobject_cast<QTabBar *>(each)) continue;
             place = each;
             break;
         }
