@@ -10,7 +10,7 @@ namespace {
 template <typename Key>
 class CNumbers {
 public:
-    uint32_t Of(const Key &key) { return numbers_.emplace(key, static_cast<uint32_t>(numbers_.size())).first->second; }
+    uint32_t Of(const Key &key) { return numbers_.try_emplace(key, numbers_.size()).first->second; }
 
 private:
     std::unordered_map<Key, uint32_t> numbers_;
