@@ -277,8 +277,9 @@ void CProjectTree::OfferDrop(QDropEvent &drag) const {
     drag.accept();
 }
 
-void CProjectTree::TakeDrop(QDropEvent &drop, const std::string &project) {
+void CProjectTree::TakeDrop(QDropEvent &drop) {
     OfferDrop(drop);
+    const std::string project = host_.ActiveProject();
     std::vector<std::string> added, opened;
     for (const QUrl &url : drop.mimeData()->urls()) {
         if (!url.isLocalFile()) continue;
@@ -299,5 +300,5 @@ void CProjectTree::dragMoveEvent(QDragMoveEvent *event) {
 }
 
 void CProjectTree::dropEvent(QDropEvent *event) {
-    TakeDrop(*event, host_.ActiveProject());
+    TakeDrop(*event);
 }

@@ -30,8 +30,8 @@ public:
     std::string SelectedProject() const;  // of the selected row, else the active one; empty when there is none
     std::string SelectedFile() const;     // empty unless the row of a source file is selected
 
-    // Adds dropped files to `project`; without one, and for project and workspace files, they are opened.
-    void TakeDrop(QDropEvent &drop, const std::string &project);
+    // Adds dropped files to the active project; without one, and for project and workspace files, they are opened.
+    void TakeDrop(QDropEvent &drop);
     void OfferDrop(QDropEvent &drag) const;  // accepts a drag of files
 
     CProjectTreeModel &Rows() { return *model_; }

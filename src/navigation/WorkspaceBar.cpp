@@ -194,18 +194,10 @@ void CWorkspaceBar::RescanTodo(const std::string &savedFile) {
     todo_->Scan(host_->ActiveProject(), savedFile);
 }
 
-int CWorkspaceBar::FirstVisibleRow() const {
-    return tree_->FirstVisibleRow();
-}
-
-void CWorkspaceBar::SetFirstVisibleRow(int row) {
-    tree_->SetFirstVisibleRow(row);
-}
-
 void CWorkspaceBar::dragEnterEvent(QDragEnterEvent *event) {
     tree_->OfferDrop(*event);
 }
 
 void CWorkspaceBar::dropEvent(QDropEvent *event) {
-    tree_->TakeDrop(*event, host_->ActiveProject());
+    tree_->TakeDrop(*event);
 }

@@ -52,9 +52,6 @@ public:
     void ReloadTodo();                              // all files of the active project
     void RescanTodo(const std::string &savedFile);  // one file, which was just written
 
-    int FirstVisibleRow() const;  // rows above the first visible one
-    void SetFirstVisibleRow(int row);
-
     CProjectTree &Tree() { return *tree_; }
 
 protected:
