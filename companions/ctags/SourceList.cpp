@@ -82,6 +82,10 @@ void CCollector::AddName(const std::string &name) {
         Add(name);
         return;
     }
+    if (recurse_ && name.ends_with("/*")) {  // all of a directory, which links in it may lead back to
+        Add(name.substr(0, name.size() - 1));
+        return;
+    }
     std::string pattern;
     for (const char c : name) {
         if (c == '[' || c == '\\') pattern += '\\';

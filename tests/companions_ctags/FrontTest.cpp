@@ -132,6 +132,7 @@ TEST_F(Ctags, WalksALocationOnceWhateverLeadsToIt) {
         ASSERT_EQ(symlink("../deep", scratch_.Path("lo c/in/l" + std::to_string(i)).c_str()), 0);
         ASSERT_EQ(symlink("../in", scratch_.Path("lo c/deep/m" + std::to_string(i)).c_str()), 0);
     }
+    ASSERT_EQ(symlink(".", scratch_.Path("lo c/zelf").c_str()), 0);
     ASSERT_EQ(symlink("nothing", scratch_.Path("lo c/nowhere.asm").c_str()), 0);
     ASSERT_EQ(mkfifo(scratch_.Path("lo c/fifo.asm").c_str(), 0666), 0);
     ASSERT_EQ(mkfifo(scratch_.Path("lo c/fifo.c").c_str(), 0666), 0);
