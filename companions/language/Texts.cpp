@@ -373,7 +373,7 @@ constexpr TextRow kTexts[] = {
     {IDS_WATCH_ERROR, "error"},
     {IDS_WATCH_NOT_DEBUGGING, "Text can be dropped here only during a debug run."},
     {IDS_WATCH_NOT_SET, "!E: The value of %s can't be set."},
-    {IDS_WATCH_NO_REGISTER, "!E: The chip has no register %s."},
+    {IDS_WATCH_NO_REGISTER, "!E: %s can't be set here: the data memory has no register of that name."},
     {IDS_NOT_DECIMAL, "!E: That is not a decimal number."},
     {IDS_NOT_BINARY, "!E: That is not a binary number."},
     {IDS_NOT_OCTAL, "!E: That is not an octal number."},

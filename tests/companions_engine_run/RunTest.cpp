@@ -113,11 +113,12 @@ TEST(Names, StandForBytesLowestFirst) {
     EXPECT_EQ(run.chip.ReadRegister(10), 0x67);
     EXPECT_EQ(run.chip.ReadRegister(13), 0);
     run.chip.WriteRegister(20, 9);
+    run.chip.WriteRegister(1, 5);
     run.chip.SetW(77);
     run.chip.SetProgramCounter(3);
     std::pair<const char *, std::optional<int64_t>> cases[] = {
         {"wide", 0x234567}, {"text", 9}, {"$10", 0x67}, {"main", 0x123}, {"$pc", 3},
-        {"$PC", 3},         {"$W", 77},  {"$64", {}},   {"none", {}},
+        {"$PC", 3},         {"$W", 77},  {"$64", {}},   {"none", {}},   {"port", 5}, {"10", {}},
     };
     for (const auto &[name, value] : cases) EXPECT_EQ(run.names.Value(name), value) << name;
     EXPECT_EQ(run.names.Address("wide"), 10);

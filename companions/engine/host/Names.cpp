@@ -39,7 +39,11 @@ std::vector<uint32_t> CNames::Bytes(const std::string &name) const {
         return {*address};
     }
     const ImageSymbol *symbol = map_.FindSymbol(name);
-    if (!symbol || symbol->inProgram) return {};
+    if (!symbol) {  // sources have the chip's registers without "$"
+        const auto address = chip_.FindRegister(name);
+        return address && chip_.ReadRegister(*address) ? std::vector{*address} : std::vector<uint32_t>();
+    }
+    if (symbol->inProgram) return {};
     std::vector<uint32_t> bytes;
     for (uint32_t i = 0; i < std::max<uint32_t>(symbol->size, 1) && chip_.ReadRegister(symbol->address + i); i++)
         bytes.push_back(symbol->address + i);
