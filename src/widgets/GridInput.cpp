@@ -152,7 +152,8 @@ bool CGridCtrl::EditByKey(const QKeyEvent &event) {
     const bool command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const QList<uint> typed = event.text().toUcs4();
     if (command || typed.size() != 1 || !current_.IsValid()) return false;
-    if (current_ != anchor_) SetCurrent(current_);
+    // Of a whole row it is the first cell.
+    if (current_ != anchor_) SetCurrent(Cell(anchor_).IsFixed() ? EndOfRow(anchor_.row, anchor_.column, 1) : current_);
     return Cell(current_).OnTyped(*this, current_, typed.front());
 }
 

@@ -59,7 +59,12 @@ TEST_F(MemoryProgram, BytesAreTypedOverInBothWays) {
     EXPECT_EQ(program.App().debugger.Call(&EngineCalls::DbgGetEepromVal, 5, 1, &byte), kDbgOk);
     EXPECT_EQ(byte, 0x2B);
 
-    ram.Grid().SetCurrent(hex(kFree));
+    Ram().resize(640, 400);
+    program.Settle();
+    QTest::mouseClick(ram.Grid().viewport(), Qt::LeftButton, {}, ram.Grid().CellRect({kFree / 8, 0}).center());
+    QTest::keyClick(&ram.Grid(), Qt::Key_4);
+    EXPECT_EQ(ram.Grid().Current(), hex(kFree)) << "the first byte of the row that was chosen";
+
     QTest::keyClick(&ram.Grid(), Qt::Key_Right, Qt::ShiftModifier);
     QTest::keyClick(&ram.Grid(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&ram.Grid(), Qt::Key_C, Qt::ControlModifier);
