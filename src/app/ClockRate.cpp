@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "platform/PathCalls.h"
+#include "project/ProjectSettings.h"
 
 namespace {
 
@@ -36,6 +37,10 @@ std::string Decimal(long rate, long unit) {
 }
 
 }  // namespace
+
+int ProjectClockRate() {
+    return GetProjectInt("Settings", "ClockRate", kDefaultClockRate);
+}
 
 std::string ClockRateText(long rate) {
     const std::string whole = std::to_string(rate / kMegahertz);

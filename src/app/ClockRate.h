@@ -8,6 +8,9 @@
 inline constexpr int kDefaultClockRate = 4000000;
 inline constexpr int kHighestClockRate = 1000000000;
 
+// The active project's rate as its file has it, which need not make sense; 0 without a project. Main thread.
+int ProjectClockRate();
+
 // The status bar's text: "4 MHz", "3.68 MHz".
 std::string ClockRateText(long rate);
 

@@ -16,7 +16,6 @@
 #include "framework/Language.h"
 #include "platform/NativePath.h"
 #include "plugins/PluginRun.h"
-#include "project/ProjectSettings.h"
 #include "project/Workspace.h"
 
 namespace {
@@ -119,7 +118,7 @@ bool CDbgInterface::SetUpRun() {
         Call(&EngineCalls::DbgSetInstCallBack, &CDbgInterface::OnInstruction, static_cast<void *>(this)) == kDbgOk &&
         Call(&EngineCalls::DbgPerformanceProfile, IsAnyPluginShown() ? 1 : 0) == kDbgOk;
     if (good) {
-        SetClockRate(GetProjectInt("Settings", "ClockRate", kDefaultClockRate));
+        SetClockRate(ProjectClockRate());
         StartPlugins();
     }
     if (good && Call(&EngineCalls::DbgReset) == kDbgOk) return true;

@@ -7,7 +7,6 @@
 #include "app/StringIds.h"
 #include "framework/Language.h"
 #include "plugins/PluginInstance.h"
-#include "project/ProjectSettings.h"
 
 namespace {
 
@@ -56,7 +55,7 @@ void CPluginBar::Activate() {
     active_ = true;
     if (!IsDebugging()) return;
     instance_->Start();
-    instance_->ClockRate(GetProjectInt("Settings", "ClockRate", kDefaultClockRate));
+    instance_->ClockRate(ProjectClockRate());
 }
 
 void CPluginBar::FollowVisibility() {

@@ -5,7 +5,6 @@
 #include "app/MainFrame.h"
 #include "plugins/PluginBar.h"
 #include "plugins/PluginInstance.h"
-#include "project/ProjectSettings.h"
 
 namespace {
 
@@ -41,7 +40,7 @@ bool IsAnyPluginShown() {
 }
 
 void StartPlugins() {
-    const int hertz = GetProjectInt("Settings", "ClockRate", kDefaultClockRate);
+    const int hertz = ProjectClockRate();
     ForEachShown([&](CPluginInstance &plugin) {
         plugin.Start();
         plugin.ClockRate(hertz);

@@ -88,8 +88,7 @@ void CProjectCommands::ShowTarget() {
 void CProjectCommands::ShowClockRate() {
     if (CIDEApp::Get().session.IsOpen()) return;
     const bool open = WorkspaceOrNone().GetActiveProject() != nullptr;
-    Frame().SetStatusText(
-        kPaneClock, open ? ClockRateText(GetProjectInt("Settings", "ClockRate", kDefaultClockRate)) : std::string());
+    Frame().SetStatusText(kPaneClock, open ? ClockRateText(ProjectClockRate()) : std::string());
 }
 
 bool CProjectCommands::SetActiveCompiler(const std::string &name) {
@@ -206,7 +205,7 @@ void CProjectCommands::TargetDialog() {
 }
 
 void CProjectCommands::ClockRateDialog() {
-    const int stored = GetProjectInt("Settings", "ClockRate", kDefaultClockRate);
+    const int stored = ProjectClockRate();
     CClockRateDlg dialog(&Frame(), stored >= 0 && stored <= kHighestClockRate ? stored : kDefaultClockRate);
     if (dialog.exec() != QDialog::Accepted || dialog.Rate() == stored) return;
     SetProjectString("Settings", "ClockRate", std::to_string(dialog.Rate()));
