@@ -406,7 +406,7 @@ constexpr TextRow kTexts[] = {
 
     // Project tree
     {IDS_OUTPUT_FOLDER, "Output"},
-    {IDS_FILE_ENTRY_UNREADABLE, "File %d of the project '%s' can't be read from its project file."},
+    {IDS_FILE_ENTRY_UNREADABLE, "The list of files has entries that can't be read: %d (project '%s')."},
     {IDS_DIALOG_OUTPUT_LIST, "Output Files"},
     {IDS_LABEL_OUTPUT_LIST, "&Files that a build of '%s' leaves:"},
     {IDS_OUTPUT_LIST_HINT,

@@ -61,7 +61,7 @@ enum StringId : int {
 
     // Project tree
     IDS_OUTPUT_FOLDER = 330,
-    IDS_FILE_ENTRY_UNREADABLE = 331,      // %d its number, %s the project; error
+    IDS_FILE_ENTRY_UNREADABLE = 331,      // %d the numbers, %s the project; error
     IDS_DIALOG_OUTPUT_LIST = 332,
     IDS_LABEL_OUTPUT_LIST = 333,          // %s the project
     IDS_OUTPUT_LIST_HINT = 334,           // %s, %s, %s the variables of project, configuration, chip

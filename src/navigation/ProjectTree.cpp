@@ -156,10 +156,9 @@ void CProjectTree::RemoveFile(const std::string &project, const std::string &fil
 void CProjectTree::RebuildOutputRows() {
     const Place place = NotePlace();
     for (const Place::Folding &folding : place.projects) {
-        const bool wasEmpty = model_->rowCount(model_->FindOutputFolder(folding.project)) == 0 || !folding.hasFolder;
         model_->SetOutputs(host_.Outputs(folding.project));
         const QModelIndex folder = model_->FindOutputFolder(folding.project);
-        if (folder.isValid() && wasEmpty) expand(folder);
+        if (folder.isValid()) expand(folder);
     }
     model_->LookForFiles();
     const QModelIndex current = model_->FindRow(place.current.project, place.current.kind, place.current.path);

@@ -60,8 +60,8 @@ public:
     bool Save();
     const ProjectLoadFailure &GetLoadFailure() const { return failure_; }
 
-    // The first number in the file's list without a readable name, counted from 0; once for each Load.
-    std::optional<size_t> TakeUnreadableFile() { return std::exchange(unreadableFile_, std::nullopt); }
+    // The numbers in the file's list without a readable name, rising from 0; once for each Load.
+    std::vector<size_t> TakeUnreadableFiles() { return std::exchange(unreadableFiles_, {}); }
 
     bool SetToolsuite(const std::string &name);  // false when no such toolsuite was discovered
     std::string GetToolsuiteName() const;        // empty without a toolsuite
@@ -144,5 +144,5 @@ private:
     std::string activeDirectory_;
     std::string target_;
     ProjectLoadFailure failure_;
-    std::optional<size_t> unreadableFile_;
+    std::vector<size_t> unreadableFiles_;
 };

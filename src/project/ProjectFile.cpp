@@ -59,13 +59,13 @@ void CProject::LoadFiles() {
     const std::string path = GetFullPath();
     const size_t count = ReadProfileCount("Files", "Count", path);
     std::vector<std::string> names;
-    unreadableFile_.reset();
+    unreadableFiles_.clear();
     for (size_t i = 0; i < count; ++i) {
         std::string name = ReadProfileString("Files", FileEntryKey(i), {}, path);
         if (!name.empty())
             names.push_back(std::move(name));
-        else if (!unreadableFile_)
-            unreadableFile_ = i;
+        else
+            unreadableFiles_.push_back(i);
     }
     std::ranges::sort(names);
 

@@ -36,6 +36,17 @@ void ForEachSource(Operation operation) {
     if (bar.ListingView().HasListing()) operation(bar.ListingDocument());
 }
 
+// "1, 4-9" of rising numbers.
+std::string Ranges(const std::vector<size_t> &numbers) {
+    std::string text;
+    for (size_t first = 0, last; first < numbers.size(); first = last + 1) {
+        for (last = first; last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1;) ++last;
+        text += (first == 0 ? "" : ", ") + std::to_string(numbers[first]);
+        if (last > first) text += "-" + std::to_string(numbers[last]);
+    }
+    return text;
+}
+
 // Holds back the painting of the tree while its rows change.
 class TreeRedrawLock {
 public:
@@ -118,13 +129,12 @@ void CWorkspaceController::ShowWorkspace() {
     LoadProjectState();
     frame.RefreshTitle();
     frame.UpdateCommandUI();
-    for (const auto &project : CurrentWorkspace()->GetProjects()) ReportUnreadableFile(*project);
+    for (const auto &project : CurrentWorkspace()->GetProjects()) ReportUnreadableFiles(*project);
 }
 
-void CWorkspaceController::ReportUnreadableFile(CProject &project) {
-    if (const std::optional<size_t> number = project.TakeUnreadableFile())
-        Frame().ShowError(
-            LoadText(IDS_FILE_ENTRY_UNREADABLE, {std::to_string(*number), DisplayPath(project.GetStoredName())}));
+void CWorkspaceController::ReportUnreadableFiles(CProject &project) {
+    if (const std::vector<size_t> numbers = project.TakeUnreadableFiles(); !numbers.empty())
+        Frame().ShowError(LoadText(IDS_FILE_ENTRY_UNREADABLE, {Ranges(numbers), DisplayPath(project.GetStoredName())}));
 }
 
 bool CWorkspaceController::CloseWorkspace() {
@@ -348,7 +358,7 @@ void CWorkspaceController::AddProjectToWorkspace(const std::string &file) {
     }
     ActivateProject(oldFile, file);
     TakeConfiguration();
-    if (const auto project = workspace->FindProject(file)) ReportUnreadableFile(*project);
+    if (const auto project = workspace->FindProject(file)) ReportUnreadableFiles(*project);
 }
 
 void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {

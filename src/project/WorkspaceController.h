@@ -50,7 +50,7 @@ private:
     void ShowNothing();    // no workspace is open
     void ShowWorkspace();  // another one is open
     void ReportLoadFailure(const CWorkspace &workspace);
-    void ReportUnreadableFile(CProject &project);
+    void ReportUnreadableFiles(CProject &project);
     void ShowActiveProject();  // its target, compiler and configurations
     void ConfirmTarget();      // asks to change a target that the toolsuite doesn't know
     void FillConfigBox();

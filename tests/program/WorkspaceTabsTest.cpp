@@ -213,7 +213,7 @@ TEST_F(WorkspaceTabsTest, AddsDroppedFilesAndNamesThoseThatAreThere) {
     EXPECT_TRUE(App().symbols.FindBrowseRecord("newcomer")) << "the index follows";
 }
 
-TEST_F(WorkspaceTabsTest, NamesTheFirstUnreadableEntryOnce) {
+TEST_F(WorkspaceTabsTest, NamesUnreadableEntriesInOneBox) {
     scratch.CopyExample("blink");
     std::string project = scratch.Read("blink/blink.__c");
     project.replace(project.find("Count=4"), 7, "Count=2000000000");
@@ -224,6 +224,6 @@ TEST_F(WorkspaceTabsTest, NamesTheFirstUnreadableEntryOnce) {
     ASSERT_TRUE(program->Start());
     EXPECT_TRUE(program->WaitFor([&] { return program->AnswersLeft() == 0; }));
     program->Settle();
-    EXPECT_EQ(program->Boxes(), Names{Text(IDS_FILE_ENTRY_UNREADABLE, {"1", "blink.__c"})});
+    EXPECT_EQ(program->Boxes(), Names{Text(IDS_FILE_ENTRY_UNREADABLE, {"1, 4-4999", "blink.__c"})});
     EXPECT_EQ(Files("blink/blink.__c"), (Names{"board.inc", "main.asm", "timer.asm", "Output"}));
 }
