@@ -229,8 +229,7 @@ void CDebugSession::EnterRunning(int interval) {
 
 void CDebugSession::OnTimer() {
     ShowClock();
-    DebugBars &bars = Frame().DebugBars();
-    if (bars.profile->IsShowing()) bars.profile->Refresh();
+    Frame().DebugBars().profile->Refresh();
     if (snapshot_ && debugging_ && running_) RefreshWhileRunning();
 }
 
