@@ -182,7 +182,9 @@ bool CIDEApp::OnCmdMsg(int id, CCmdUI *ui) {
         debugCommands.OnCmdMsg(id, ui) || breakpointCommands.OnCmdMsg(id, ui) ||
         (GetMainFrame() && GetMainFrame()->DebugBars().OnCmdMsg(id, ui)))
         return true;
-    const auto inList = [id](int first) { return id >= first && id <= first + static_cast<int>(CRecentList::kEntries); };
+    const auto inList = [id](int first) {
+        return id >= first && id <= first + static_cast<int>(CRecentList::kEntries);
+    };
     if (!inList(ID_RECENT_FILES) && !inList(ID_RECENT_WORKSPACES)) return false;
     return !GetTemplates().empty() && GetTemplates().front()->OnCmdMsg(id, ui);
 }

@@ -94,13 +94,15 @@ void CMainFrame::PlaceBars() {
     dock(debugBars_.watch, Qt::RightDockWidgetArea);
     dock(debugBars_.profile, Qt::RightDockWidgetArea, debugBars_.watch);
     dock(debugBars_.stack, Qt::BottomDockWidgetArea);
-    for (CPluginBar *bar : pluginBars_) dock(bar, Qt::RightDockWidgetArea, bar == pluginBars_[0] ? nullptr : pluginBars_[0]);
+    for (CPluginBar *bar : pluginBars_)
+        dock(bar, Qt::RightDockWidgetArea, bar == pluginBars_[0] ? nullptr : pluginBars_[0]);
 
     for (QWidget *bar : std::initializer_list<QWidget *>{mainToolBar_, buildToolBar_, editToolBar_, workspaceBar_,
                                                          outputBar_, statusBar_})
         bar->show();
-    for (QWidget *bar : std::initializer_list<QWidget *>{macroToolBar_, debugToolBar_, debugBars_.registers, debugBars_.watch, debugBars_.ram,
-                                                         debugBars_.eeprom, debugBars_.stack, listBar_, debugBars_.profile})
+    for (QWidget *bar : std::initializer_list<QWidget *>{macroToolBar_, debugToolBar_, debugBars_.registers,
+                                                         debugBars_.watch, debugBars_.ram, debugBars_.eeprom,
+                                                         debugBars_.stack, listBar_, debugBars_.profile})
         bar->hide();
     for (CPluginBar *bar : pluginBars_) bar->hide();
 }
@@ -108,7 +110,9 @@ void CMainFrame::PlaceBars() {
 void CMainFrame::ShowDebugBars() {
     editToolBar_->hide();
     // Not the listing: while it shows, steps go by instructions.
-    for (QWidget *bar : std::initializer_list<QWidget *>{debugToolBar_, debugBars_.registers, debugBars_.watch, debugBars_.stack}) bar->show();
+    for (QWidget *bar :
+         std::initializer_list<QWidget *>{debugToolBar_, debugBars_.registers, debugBars_.watch, debugBars_.stack})
+        bar->show();
     for (CDockBar *bar : std::initializer_list<CDockBar *>{debugBars_.registers, debugBars_.watch}) bar->raise();
     resizeDocks({debugBars_.registers, debugBars_.stack}, {width() / 4, width() / 5}, Qt::Horizontal);
     resizeDocks({debugBars_.registers, debugBars_.watch}, {height() / 2, height() / 4}, Qt::Vertical);
@@ -119,9 +123,15 @@ void CMainFrame::MapBarCommands() {
         int command;
         CDockBar *bar;
     } docks[] = {
-        {ID_VIEW_WORKSPACE_BAR, workspaceBar_}, {ID_VIEW_OUTPUT_BAR, outputBar_}, {ID_VIEW_REGISTER_BAR, debugBars_.registers},
-        {ID_VIEW_WATCH_BAR, debugBars_.watch},         {ID_VIEW_RAM_BAR, debugBars_.ram},       {ID_VIEW_EEPROM_BAR, debugBars_.eeprom},
-        {ID_VIEW_STACK_BAR, debugBars_.stack},         {ID_VIEW_LISTING_BAR, listBar_},  {ID_VIEW_PROFILE_BAR, debugBars_.profile},
+        {ID_VIEW_WORKSPACE_BAR, workspaceBar_},
+        {ID_VIEW_OUTPUT_BAR, outputBar_},
+        {ID_VIEW_REGISTER_BAR, debugBars_.registers},
+        {ID_VIEW_WATCH_BAR, debugBars_.watch},
+        {ID_VIEW_RAM_BAR, debugBars_.ram},
+        {ID_VIEW_EEPROM_BAR, debugBars_.eeprom},
+        {ID_VIEW_STACK_BAR, debugBars_.stack},
+        {ID_VIEW_LISTING_BAR, listBar_},
+        {ID_VIEW_PROFILE_BAR, debugBars_.profile},
     };
     for (const auto &[command, bar] : docks)
         OnCommand(
@@ -131,8 +141,8 @@ void CMainFrame::MapBarCommands() {
         int command;
         QWidget *bar;
     } strips[] = {
-        {ID_VIEW_TOOLBAR, mainToolBar_},          {ID_VIEW_BUILD_TOOL_BAR, buildToolBar_},
-        {ID_VIEW_DEBUG_TOOL_BAR, debugToolBar_},  {ID_VIEW_EDIT_TOOL_BAR, editToolBar_},
+        {ID_VIEW_TOOLBAR, mainToolBar_},         {ID_VIEW_BUILD_TOOL_BAR, buildToolBar_},
+        {ID_VIEW_DEBUG_TOOL_BAR, debugToolBar_}, {ID_VIEW_EDIT_TOOL_BAR, editToolBar_},
         {ID_VIEW_STATUS_BAR, statusBar_},
     };
     for (const auto &[command, bar] : strips)

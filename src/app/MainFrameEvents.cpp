@@ -14,8 +14,8 @@
 #include "platform/NativePath.h"
 #include "platform/PathCalls.h"
 
-// What other programs do to open sources while this one is inactive is not reported. The active view hears that it is not
-// any more, so that it takes away what it shows for the moment; the keyboard finds back to where it was by itself.
+// What other programs do to open sources while this one is inactive is not reported. The active view hears that it is
+// not any more, so that it takes away what it shows for the moment; the keyboard finds back to where it was by itself.
 void CMainFrame::OnApplicationActivated(bool active) {
     CIDEApp &app = CIDEApp::Get();
     if (destroyed_ || app.GetTemplates().empty()) return;

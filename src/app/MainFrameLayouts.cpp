@@ -48,7 +48,8 @@ void CMainFrame::LeaveDebugLayout() {
 
 // The button starts a run, and ends it.
 void CMainFrame::ShowStartIcon(const std::string &icon) {
-    for (CXTToolBar *bar : {mainToolBar_, buildToolBar_, editToolBar_, debugToolBar_}) bar->SetButtonIcon(ID_DEBUG_START, icon);
+    for (CXTToolBar *bar : {mainToolBar_, buildToolBar_, editToolBar_, debugToolBar_})
+        bar->SetButtonIcon(ID_DEBUG_START, icon);
 }
 
 void CMainFrame::ResetBars() {

@@ -135,7 +135,8 @@ void CBuildDriver::LoadBuildToolBar(int resource) {
     }
     CWorkspace &workspace = WorkspaceOrNone();
     const bool hasToolsuite = !workspace.GetToolName().empty();
-    if (hasToolsuite && !workspace.HasToolGroup({}, static_cast<int>(ToolsuiteGroup::genMake))) bar.DeleteButton(ID_BUILD);
+    if (hasToolsuite && !workspace.HasToolGroup({}, static_cast<int>(ToolsuiteGroup::genMake)))
+        bar.DeleteButton(ID_BUILD);
 }
 
 void CBuildDriver::FindStandardSteps() {
