@@ -31,7 +31,7 @@ public:
 
     const CMessagePort &Frame() const { return frame_; }
 
-    // Main thread. The oldest stop not yet taken; what the engine's thread does at that stop is over then.
+    // Main thread. The oldest stop not yet taken; by then the engine's thread is done with it.
     std::optional<StopRecord> TakeStop();
     bool HasStop() const;
     void OnTextShown();  // a text of the target has reached the build list
@@ -48,7 +48,9 @@ private:
     const CMessagePort frame_;
     const std::string directory_;
 
-    mutable std::mutex stopping_;  // held from the notice until the target counts as standing
+    // Held from the notice until the target counts as standing, and so taken before the session's own lock, never
+    // behind it.
+    mutable std::mutex stopping_;
     std::deque<StopRecord> stops_;
 
     std::mutex texts_;

@@ -66,7 +66,7 @@ bool CDebugSession::Stop() {
     if (running_) {
         good = Debugger().Call(&EngineCalls::DbgStop) == kDbgOk;
         if (good && running_) EnterRunning(kStopInterval);
-        // Outside the guard: the engine's thread takes it while it holds the notices.
+        // Before the guard, which the engine's thread takes while it holds the notices.
         good = good || Debugger().Notices()->HasStop();
     }
     const std::lock_guard guard(deferring_);
