@@ -114,7 +114,9 @@ void CReportCtrl::Activate(const QModelIndex &index) {
 bool CReportCtrl::event(QEvent *event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto &key = static_cast<QKeyEvent &>(*event);
-        if (IsReturnKey(key) || key.matches(QKeySequence::Copy) || SortColumnOf(key) >= 0) event->accept();
+        if (IsReturnKey(key) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::SelectAll) ||
+            SortColumnOf(key) >= 0)
+            event->accept();
     }
     return QTreeView::event(event);
 }
