@@ -73,10 +73,14 @@ namespace {
 
 Core CoreOf(pic_processor &chip) {
     switch (chip.base_isa()) {
-        case _12BIT_PROCESSOR_: return Core::baseline;
-        case _14BIT_PROCESSOR_: return Core::midRange;
-        case _14BIT_E_PROCESSOR_: return Core::enhanced;
-        default: return Core::pic18;
+        case _12BIT_PROCESSOR_:
+            return Core::baseline;
+        case _14BIT_PROCESSOR_:
+            return Core::midRange;
+        case _14BIT_E_PROCESSOR_:
+            return Core::enhanced;
+        default:
+            return Core::pic18;
     }
 }
 
@@ -102,6 +106,23 @@ void JoinCapture2(_16bit_processor &cpu) {
     cpu.ccpr2l.ccprh = &cpu.ccpr2h;
     cpu.ccpr2h.ccprl = &cpu.ccpr2l;
     cpu.ccpr2l.assign_tmr(&cpu.tmr1l);
+}
+
+// What chips without flag registers ask for the interrupt of their one peripheral: that of the EEPROM, if they have
+// one.
+class CLonePeripheral : public PIR_SET {
+public:
+    explicit CLonePeripheral(EEPROM *eeprom) : eeprom_(eeprom) {}
+    int interrupt_status() override { return eeprom_ && eeprom_->get_reg_eecon1()->value.get() & EECON1::EEIF; }
+
+private:
+    EEPROM *const eeprom_;
+};
+
+// The library ends the process when a program allows that interrupt.
+void JoinEepromInterrupt(_14bit_processor &cpu) {
+    auto *const intcon = dynamic_cast<INTCON_14_PIR *>(cpu.intcon);
+    if (intcon && !intcon->pir_set) intcon->set_pir_set(new CLonePeripheral(cpu.eeprom));  // as long as the process
 }
 
 class CLowSource : public SignalControl {
@@ -133,6 +154,11 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
         JoinCapture2(static_cast<_16bit_processor &>(cpu));
     }
     if (core == Core::baseline) DetachInputOnlyPin(cpu);
+    if (core == Core::midRange) JoinEepromInterrupt(static_cast<_14bit_processor &>(cpu));
+    for (uint32_t address = 0; address < cpu.register_memory_size(); ++address) {
+        if (auto *timer = dynamic_cast<TMR0 *>(cpu.registers[address])) timers0.push_back(timer);
+        if (auto *timer = dynamic_cast<TMR2 *>(cpu.registers[address])) timers2.push_back(timer);
+    }
     gi.add_interface(&resetListener);
     cpu.setBreakOnReset(true);
     if (auto *stack18 = dynamic_cast<Stack16 *>(cpu.stack)) {

@@ -4,6 +4,7 @@
 
 #include <gpsim_classes.h>
 
+#include <14bit-tmrs.h>
 #include <16bit-processors.h>
 #include <breakpoints.h>
 #include <clock_phase.h>
@@ -60,6 +61,7 @@ struct CSimChip::Impl {
     bool IsEmpty(uint32_t index) const { return cpu.program_memory[index] == &cpu.bad_instruction; }
     Register *RegisterAt(uint32_t address) const;  // null where the chip has none
     uint8_t ValueOf(Register &where) const;        // without the effects that a read has for the chip
+    bool IsOverflowing(const Register &where) const;
 
     void ReadWatched();
     void LookAtWatched(const WrittenBytes &writes);
@@ -69,13 +71,14 @@ struct CSimChip::Impl {
     }
     template <bool watching>
     ChipState RunLoop(const std::vector<bool> *stops, uint64_t most);
+    void FromReset(RESET_TYPE kind);
     void AfterReset();
     void LeaveInterrupt();
     void LookAtHalt(unsigned int formerIndex, ChipState &state);
     ResetCause CauseOfReset(unsigned int formerIndex) const;
     void LookAtStack(unsigned int flags, ChipState &state);
-    // Makes a change that doesn't come out of an instruction. The library looks for what such a one brings, a wake-up or
-    // an interrupt, in the middle of a cycle only.
+    // Makes a change that doesn't come out of an instruction. The library looks for what such a one brings, a wake-up
+    // or an interrupt, in the middle of a cycle only.
     template <typename Change>
     void FromOutside(Change change);
     bool SomethingDue() const { return get_cycles().active.next != nullptr; }
@@ -91,6 +94,8 @@ struct CSimChip::Impl {
     const bool isPic18;
     const Core core;
     Register *const timerHigh;  // TMR0H of PIC18; null on other chips
+    std::vector<TMR0 *> timers0;
+    std::vector<TMR2 *> timers2;  // and its like
     CResetListener &resetListener;
     CChipPins pins;
     CChipWatch watch;
@@ -98,6 +103,7 @@ struct CSimChip::Impl {
     CRingStack *ring = nullptr;                // null: the chip has another kind of stack
     const unsigned int *stackFlags = nullptr;  // of StackFlag
     unsigned int seenStackFlags = 0;           // and the pins' alarm, which makes the run look at both
+    bool isAtPowerOn = false;                  // and nothing has happened since: another reset has nothing to do
     uint64_t resets = 0;
     ChipReset lastReset;
     double clockRate = 0;     // of SetClockRate, hertz; 0: the library's own
@@ -106,6 +112,7 @@ struct CSimChip::Impl {
 
 template <typename Change>
 void CSimChip::Impl::FromOutside(Change change) {
+    isAtPowerOn = false;
     ClockPhase *const execute = cpu.mExecute1Cycle, *const idle = cpu.mIdle;
     // An interrupt that an earlier change has brought: it would be its own next phase if this one brings it again.
     ClockPhase *const due = cpu.mCurrentPhase;

@@ -64,8 +64,20 @@ uint32_t CSimChip::DataSize() const {
     return impl_->cpu.register_memory_size();
 }
 
+// At the cycle of its overflow, reading a timer makes the library carry that out before its time.
+bool CSimChip::Impl::IsOverflowing(const Register &where) const {
+    const uint64_t now = get_cycles().get();
+    for (const TMR0 *timer : timers0)
+        if (timer == &where) return timer->future_cycle > 0 && timer->future_cycle == now;
+    for (TMR2 *timer : timers2)
+        if (timer == &where)
+            return timer->future_cycle > 0 && (now - timer->last_cycle) / timer->prescale == timer->max_counts();
+    return false;
+}
+
 uint8_t CSimChip::Impl::ValueOf(Register &where) const {
     if (&where == cpu.pcl) return ToAddress(cpu.pc->value) & 0xff;  // the library gives the one behind it
+    if (IsOverflowing(where)) return 0;
     const CKeepTimerHigh keep(timerHigh);
     return static_cast<uint8_t>(where.get_value());
 }

@@ -1,5 +1,6 @@
 // What the library's resets leave out.
 #include <14bit-processors.h>
+#include <uart.h>
 
 #include <cctype>
 #include <string>
@@ -81,6 +82,22 @@ void CSimChip::Impl::LeaveInterrupt() {
     }
 }
 
+void CSimChip::Impl::FromReset(RESET_TYPE kind) {
+    cpu.reset(kind);
+    // A baud rate generator takes its clearing for a change in the middle of a bit, which is to hold from the next one
+    // on, and would begin the first of the bits to come at that time.
+    for (uint32_t address = 0; address < cpu.register_memory_size(); ++address)
+        if (auto *const generator = dynamic_cast<_SPBRG *>(cpu.registers[address])) {
+            generator->last_cycle = -uint64_t{generator->get_cycles_per_tick()};
+            generator->set_start_cycle();  // that time: a bit behind the last one
+            generator->last_cycle = 0;
+        }
+    if (kind != POR_RESET || !isPic18) return;
+    // Clearing the registers that count the pointers up and down has counted them.
+    auto &cpu18 = static_cast<_16bit_processor &>(cpu);
+    for (Indirect_Addressing *const pointer : {&cpu18.ind0, &cpu18.ind1, &cpu18.ind2}) pointer->put_fsr(0);
+}
+
 // What a chip has on its mind after a reset from outside is of no interest to the next run.
 void CSimChip::Impl::AfterReset() {
     LeaveInterrupt();
@@ -97,18 +114,23 @@ void CSimChip::Impl::AfterReset() {
 }
 
 void CSimChip::PowerOnReset() {
-    impl_->cpu.reset(POR_RESET);
-    if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to a rate of their own
+    if (!impl_->isAtPowerOn) {
+        impl_->FromReset(POR_RESET);
+        if (impl_->clockRate > 0) impl_->cpu.set_frequency(impl_->clockRate);  // some chips go back to their own rate
+    }
     impl_->AfterReset();
     impl_->ReadWatched();
     impl_->resets = 0;
     impl_->firstCycle = get_cycles().get();
+    impl_->isAtPowerOn = true;
 }
 
 void CSimChip::Reset() {
-    impl_->cpu.reset(MCLR_RESET);
-    impl_->cpu.reset(EXIT_RESET);
-    for (const Impl::Control &control : impl_->controls) SetAsAtPowerOn(*control.where, control.bits);
+    if (!impl_->isAtPowerOn) {
+        impl_->FromReset(MCLR_RESET);
+        impl_->cpu.reset(EXIT_RESET);
+        for (const Impl::Control &control : impl_->controls) SetAsAtPowerOn(*control.where, control.bits);
+    }
     impl_->AfterReset();
     impl_->ReadWatched();
 }

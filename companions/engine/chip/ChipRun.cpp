@@ -62,6 +62,7 @@ ChipState CSimChip::Impl::RunLoop(const std::vector<bool> *stops, uint64_t most)
     const uint32_t shift = isPic18 ? 1 : 0;
     const size_t stopsEnd = stops ? stops->size() : 0;
 
+    isAtPowerOn = false;
     breaks.clear_global();
     ChipState state = ChipState::running;
     const uint64_t formerResets = resets;

@@ -68,7 +68,6 @@ std::unique_ptr<CSimChip> CSimChip::Create(const std::string &type, std::string 
     auto impl = std::make_unique<Impl>(*cpu, dynamic_cast<_16bit_processor *>(cpu) != nullptr);
     std::unique_ptr<CSimChip> chip(new CSimChip(std::move(impl)));
     chip->impl_->controls = chip->impl_->FindControls(*chip);
-    chip->PowerOnReset();
     return chip;
 } catch (...) {
     error = "The simulator failed to make the chip \"" + type + "\".";
@@ -96,6 +95,7 @@ bool CSimChip::Load(const ChipProgram &program, std::string &error) try {
             return false;
         }
 
+    impl_->isAtPowerOn = false;
     // The former instructions are the library's, and not to be deleted while its trace may name them.
     for (uint32_t index = 0; index < cpu.program_memory_size(); ++index)
         cpu.program_memory[index] = &cpu.bad_instruction;
@@ -152,6 +152,7 @@ uint32_t CSimChip::ProgramCounter() const {
 
 bool CSimChip::SetProgramCounter(uint32_t address) {
     if (address >= ProgramSize() || (impl_->isPic18 && address % 2)) return false;
+    impl_->isAtPowerOn = false;
     impl_->cpu.pc->value = impl_->ToIndex(address);
     impl_->cpu.pc->update_pcl();
     return true;
@@ -162,6 +163,7 @@ uint8_t CSimChip::W() const {
 }
 
 void CSimChip::SetW(uint8_t value) {
+    impl_->isAtPowerOn = false;
     impl_->cpu.Wput(value);
     impl_->ReadWatched();
 }
