@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QWidget>
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "app/CommandIds.h"
@@ -234,13 +233,11 @@ void CDebugSession::OnTimer() {
 }
 
 void CDebugSession::RefreshWhileRunning() {
-    CIDEApp &app = CIDEApp::Get();
     Frame().ListBar().ListingView().ShowListingPosition();
     Frame().DebugBars().RefreshShownValues();
-    std::string text, file;
+    std::string file;
     int line = 0;
-    if (!app.debugger.Evaluate("$pc", text, 0, nullptr)) return;
-    if (!app.debugger.AddrToPos(static_cast<int>(std::strtol(text.c_str(), nullptr, 10)), file, line)) return;
+    if (!FindExecutionPlace(file, line)) return;
     const QPointer<QWidget> focus = QApplication::focusWidget();
     OpenSourceAtLine(file, line, true);
     if (focus && focus != QApplication::focusWidget()) focus->setFocus();  // nobody loses what he is typing

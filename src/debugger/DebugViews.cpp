@@ -1,7 +1,10 @@
 #include "debugger/DebugViews.h"
 
+#include <cstdlib>
+
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
+#include "app/ProjectDirScope.h"
 #include "app/Settings.h"
 #include "editor/IDEDoc.h"
 #include "editor/IDEView.h"
@@ -10,6 +13,8 @@
 #include "editor/OpenSources.h"
 #include "editor/ViewSetup.h"
 #include "framework/MDIChildWnd.h"
+#include "platform/NativePath.h"
+#include "platform/PathCalls.h"
 
 namespace {
 
@@ -24,6 +29,24 @@ CIDEView &Listing() {
 }
 
 }  // namespace
+
+bool FindExecutionPlace(std::string &file, int &line) {
+    const CDbgInterface &debugger = CIDEApp::Get().debugger;
+    std::string text;
+    return debugger.Evaluate("$pc", text, 0, nullptr) &&
+           debugger.AddrToPos(static_cast<int>(std::strtol(text.c_str(), nullptr, 10)), file, line);
+}
+
+void MarkExecutionIn(const CIDEView &view) {
+    const CIDEApp &app = CIDEApp::Get();
+    std::string file;
+    int line = 0;
+    if (!app.session.IsStanding() || !FindExecutionPlace(file, line)) return;
+    const ProjectDirScope scope(app.GetActiveProjectPath());
+    if (!NamesOneFile(GetFullPathNameA(file), view.GetDocument()->GetPathName())) return;
+    app.editorProperties.ApplyExecutionColour(view.Sci());
+    view.Send(SCI_MARKERADD, static_cast<uintptr_t>(line - 1), kMarkerExecution);
+}
 
 void LockViews() {
     ForEachView([](const CIDEView &view) { view.Send(SCI_SETREADONLY, 1); });

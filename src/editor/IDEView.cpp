@@ -4,6 +4,7 @@
 
 #include "app/IDEApp.h"
 #include "app/MainFrame.h"
+#include "debugger/DebugViews.h"
 #include "editor/Folding.h"
 #include "editor/IDEDoc.h"
 #include "editor/Keywords.h"
@@ -45,6 +46,7 @@ void CIDEView::OnInitialUpdate() {
     SetUpCaret(sci_);
     LoadFileIntoView();
     if (CIDEApp::Get().session.IsOpen()) Send(SCI_SETREADONLY, 1);
+    MarkExecutionIn(*this);
     JoinRecording();
     SetUpFolding(sci_);
     Send(SCI_SETMARGINWIDTHN, 2, CIDEApp::Get().editorProperties.FoldsIn(sci_) ? kFoldMarginWidth : 0);

@@ -22,6 +22,9 @@ TEST_F(DebugProgram, IsRunSteppedAndEnded) {
     program->Command(ID_DEBUG_START);
     ASSERT_TRUE(WaitForStop()) << program->BuildText();
     EXPECT_EQ(ExecutionPlace(), at("main.asm", "call    led_start"));
+    program->Command(ID_FILE_CLOSE);
+    Open("main.asm");
+    EXPECT_EQ(ExecutionPlace(), at("main.asm", "call    led_start")) << "a source that is opened again";
     const struct {
         int command;
         const char *file, *text;
