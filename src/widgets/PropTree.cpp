@@ -111,7 +111,9 @@ CPropTreeItem *CPropTree::GetCurrentItem() const {
 }
 
 void CPropTree::SelectItem(CPropTreeItem *item) {
-    setCurrentIndex(rows_->IndexOf(item));
+    // Not by the view, which adds to the selection while Ctrl is held.
+    selectionModel()->setCurrentIndex(rows_->IndexOf(item),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (item) scrollTo(currentIndex());
 }
 

@@ -124,7 +124,7 @@ TEST_F(WatchBar, ValuesAreTypedOverAndTheTargetHasThem) {
 
     Tree().selectAll();
     Tree().setFocus();
-    QTest::keyClick(&Tree(), Qt::Key_C, Qt::ControlModifier);
+    program.Command(ID_EDIT_COPY);  // what the bar with the keyboard shows, not the source
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith("ticks_left\t0x3 'ETX'\n$PORTB\t"));
 }
 
@@ -146,6 +146,7 @@ TEST_F(WatchBar, DoesMoreWithCtrlHeld) {
     QApplication::sendEvent(&view, &event);
     EXPECT_TRUE(Rows().starts_with("ticks_left=")) << Rows();
     Bar().AddWatch("$STATUS");
+    EXPECT_EQ(Tree().SelectedItems().size(), 1u);
     Tree().setCurrentIndex({});
     program.Command(ID_WATCH_FORMAT_FIRST + int{kOctal});
     QTest::keyRelease(&Tree(), Qt::Key_Control);
