@@ -1,5 +1,7 @@
 #include "navigation/FunctionJump.h"
 
+#include <string_view>
+
 #include "app/IDEApp.h"
 #include "app/Path.h"
 #include "app/ProjectDirScope.h"
@@ -21,12 +23,30 @@ std::string Resolve(const std::string &file) {
     return GetFullPathNameA(project + path.GetFullPath());
 }
 
+// As the files of a build can hold it: a "_" stands for each character that their names don't take.
+std::string WithoutOddCharacters(const std::string &path) {
+    std::string text;
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xc0) == 0x80) continue;  // not the first byte of its character
+        text += byte >= 0x80 || std::string_view("'\",;[]{}`<>|*?").find(c) != std::string_view::npos ? '_' : c;
+    }
+    return text;
+}
+
+bool IsSourceOf(const BrowseRecord &record, const std::string &file) {
+    const CPath source(GetFullPathNameA(record.file));
+    if (source.IsSamePath(file)) return true;
+    return !FileExists(file) &&
+           CPath(WithoutOddCharacters(source.GetFullPath())).IsSamePath(WithoutOddCharacters(file));
+}
+
 bool OpenByIndex(const std::string &name, const std::string &file) {
     const SymbolMap &functions = CIDEApp::Get().symbols.Maps().Functions;
     const auto found = functions.find(name);
     if (found == functions.end()) return false;
     const BrowseRecord record = found->second;  // opening a document can build the index anew
-    return CPath(GetFullPathNameA(record.file)).IsSamePath(file) && OpenSourceAtLine(record.file, record.line);
+    return IsSourceOf(record, file) && OpenSourceAtLine(record.file, record.line);
 }
 
 void TellNoSource(const std::string &name) {

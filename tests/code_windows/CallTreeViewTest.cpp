@@ -13,6 +13,7 @@ const std::string kCalls =
     "  led_start : \"LED.asm\", line = 14 { }\n"
     "  gone : \"gone.asm\", line = 3 { }\n"
     "  far : \"c:far.asm\", line = 3 { }\n"
+    "  stir : \".\\r_hren.asm\", line = 3 { }\n"
     "}\n"
     "interrupt : \".\\timer.asm\", line = 20 { }\n";
 
@@ -43,11 +44,11 @@ protected:
 TEST_F(CallTreeView, ShowsTheTreeOfTheActiveConfigurationsBuild) {
     EXPECT_EQ(Rows(), "");
     Leave("Debug/blink.tree", kCalls, 60);
-    EXPECT_EQ(Rows(), "main(led_start gone far) interrupt");
+    EXPECT_EQ(Rows(), "main(led_start gone far stir) interrupt");
 
     Tree().Expand(Tree().GetChild(0), false);
     Leave("Debug/blink.tree", "other:\"x.c\",line=1{}", 60);  // by its time the file that is on show
-    EXPECT_EQ(Rows(), "main-(led_start gone far) interrupt");
+    EXPECT_EQ(Rows(), "main-(led_start gone far stir) interrupt");
     Leave("Debug/blink.tree", "other:\"x.c\",line=1{}", 30);
     EXPECT_EQ(Rows(), "other");
     Leave("Debug/blink.tree", "other:\"x.c\",line=1{", 20);
@@ -55,7 +56,7 @@ TEST_F(CallTreeView, ShowsTheTreeOfTheActiveConfigurationsBuild) {
     Leave("Debug/blink.tree", "", 10);
     EXPECT_EQ(Rows(), "");
     Leave("Debug/blink.tree", kCalls);
-    EXPECT_EQ(Rows(), "main(led_start gone far) interrupt");
+    EXPECT_EQ(Rows(), "main(led_start gone far stir) interrupt");
     std::filesystem::remove(scratch.Native("blink/Debug/blink.tree"));
     Bar().LoadAll(true);
     EXPECT_EQ(Rows(), "");
@@ -75,6 +76,9 @@ TEST_F(CallTreeView, LeadsToSources) {
     EXPECT_EQ(JumpFrom(Tree().GetChild(1)), "timer.asm 20");
     EXPECT_EQ(JumpFrom(Tree().GetChild(1, main)), "The source of 'gone' can't be shown");
     EXPECT_EQ(JumpFrom(Tree().GetChild(2, main)), "The source of 'far' can't be shown");
+    scratch.Write("blink/r\u00fchren.asm", "\n\nstir\n");
+    KnowFunction("stir", "r\u00fchren.asm", 3);
+    EXPECT_EQ(JumpFrom(Tree().GetChild(3, main)), "r\u00fchren.asm 3") << "a build can't write this name";
 
     std::string deep;
     for (int i = 13; i >= 0; --i) deep = "f" + std::to_string(i) + ":\"main.asm\",line=1{" + deep + "}";
@@ -126,9 +130,9 @@ TEST_F(CallTreeView, FoldsAndUnfoldsFromItsMenu) {
         return chosen;
     };
     EXPECT_TRUE(choose("Collapse All"));
-    EXPECT_EQ(Rows(), "main-(led_start gone far) interrupt");
+    EXPECT_EQ(Rows(), "main-(led_start gone far stir) interrupt");
     EXPECT_TRUE(choose("Expand All"));
-    EXPECT_EQ(Rows(), "main(led_start gone far) interrupt");
+    EXPECT_EQ(Rows(), "main(led_start gone far stir) interrupt");
     FindView<CCallTreeView>()->Clear();
     EXPECT_FALSE(choose("Expand All"));
 }
