@@ -153,6 +153,10 @@ void CMainFrame::MapBarCommands() {
 
 // The commands of empty slots are no commands of the frame: others have the same numbers.
 bool CMainFrame::OnCmdMsg(int id, CCmdUI *ui) {
+    // The listing bar's views have the command themselves.
+    if (id == ID_EDIT_COPY && !listBar_->HoldsFocus())
+        for (CDockBar *bar : findChildren<CDockBar *>())
+            if (bar->CopyFocused(ui)) return true;
     const int slot = id - ID_PLUGIN_BARS;
     CPluginBar *bar = slot >= 0 && slot < CPluginBar::kSlots ? pluginBars_[static_cast<size_t>(slot)] : nullptr;
     if (!bar || !bar->HasPlugin()) return CMDIFrameWnd::OnCmdMsg(id, ui);

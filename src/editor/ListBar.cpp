@@ -1,9 +1,6 @@
 #include "editor/ListBar.h"
 
-#include <QApplication>
 #include <QDropEvent>
-#include <QMenu>
-#include <QMenuBar>
 
 #include "app/BarIds.h"
 #include "app/IDEApp.h"
@@ -35,11 +32,9 @@ CListBar::CListBar(QWidget *parent)
     setWidget(container_);
     setFocusProxy(container_);
     setAcceptDrops(true);  // to keep what is dropped here from the frame
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { OnFocusChanged(now); });
 }
 
 CListBar::~CListBar() {
-    disconnect(qApp, nullptr, this, nullptr);
     delete container_;  // views go before their documents
 }
 
@@ -77,15 +72,6 @@ void CListBar::ShowCodeWindow(CodeWindow &window, bool wanted) {
     const auto make = [&window](QWidget *tabs) { return window.view = window.make(tabs); };
     container_->AddTab(LoadText(window.caption), make, *window.document);
     window.view->Load(false);
-}
-
-bool CListBar::HoldsFocus() const {
-    return focused_ && IsShowing();
-}
-
-void CListBar::OnFocusChanged(QWidget *now) {
-    const bool menu = qobject_cast<QMenuBar *>(now) || qobject_cast<QMenu *>(now);
-    if (now && !menu) focused_ = now == this || isAncestorOf(now);
 }
 
 void CListBar::dragEnterEvent(QDragEnterEvent *event) {

@@ -32,9 +32,6 @@ public:
     void OfferCodeWindow(int type, int caption, MakeCodeWindow make);
     void UpdateCodeWindowTabs();  // the active project or its toolsuite has changed
 
-    // Whether the bar is to be seen and the keyboard is in it. A menu that is open doesn't take it away.
-    bool HoldsFocus() const;
-
 protected:
     // A file that is dropped on the bar isn't opened.
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -49,12 +46,10 @@ private:
         CCodeWindowView *view;  // null: no tab
     };
     void ShowCodeWindow(CodeWindow &window, bool wanted);
-    void OnFocusChanged(QWidget *now);
 
     std::unique_ptr<CListBarDocument> barDocument_;
     std::unique_ptr<CIDEDoc> listingDocument_;
     CCodeViewContainer *container_;
     CListingView *listingView_ = nullptr;
     std::vector<CodeWindow> codeWindows_;
-    bool focused_ = false;
 };

@@ -1,6 +1,8 @@
 #include "framework/DockBar.h"
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QTabBar>
 
@@ -15,7 +17,14 @@ CDockBar::CDockBar(int id, const std::string &title, QWidget *parent)
     connect(back, &QShortcut::activated, this, [this] {
         if (Frame()) Frame()->FocusActiveView();
     });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        const bool menu = qobject_cast<QMenuBar *>(now) || qobject_cast<QMenu *>(now);
+        if (now && !menu) focused_ = now == this || isAncestorOf(now);
+    });
 }
+
+// What the bar shows loses the focus as it goes.
+CDockBar::~CDockBar() { disconnect(qApp, nullptr, this, nullptr); }
 
 CMDIFrameWnd *CDockBar::Frame() const { return dynamic_cast<CMDIFrameWnd *>(parentWidget()); }
 
@@ -23,6 +32,25 @@ bool CDockBar::IsShowing() const {
     if (isHidden()) return false;
     // The bars behind the front one of a tab group are shown, but lie outside the window.
     return isFloating() || !isVisible() || (geometry().right() >= 0 && geometry().bottom() >= 0);
+}
+
+bool CDockBar::HoldsFocus() const { return focused_ && IsShowing(); }
+
+bool CDockBar::CopyFocused(CCmdUI *ui) {
+    QWidget *focus = focusWidget();
+    if (!HoldsFocus() || !focus) return false;
+    // A list, a grid or an edit claims the key of copying while it has something to copy.
+    QKeyEvent claim(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
+    claim.ignore();
+    QApplication::sendEvent(focus, &claim);
+    if (!claim.isAccepted()) return false;
+    if (ui) {
+        ui->Enable(true);
+        return true;
+    }
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+    QApplication::sendEvent(focus, &press);
+    return true;
 }
 
 void CDockBar::ShowBar() {
