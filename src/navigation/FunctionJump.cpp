@@ -10,18 +10,10 @@
 #include "navigation/CallTree.h"
 #include "navigation/FunctionStats.h"
 #include "navigation/OpenSource.h"
+#include "navigation/ProjectFiles.h"
 #include "platform/PathCalls.h"
 
 namespace {
-
-// The full name of a file that the build spelled. Inside a scope of the project's directory.
-std::string Resolve(const std::string &file) {
-    const CPath path(file);
-    const std::string folder = path.GetDirectory();
-    const bool local = folder.empty() || folder.starts_with('.');
-    const std::string project = local ? CPath(CIDEApp::Get().GetActiveProjectPath()).GetDirectory() : std::string();
-    return GetFullPathNameA(project + path.GetFullPath());
-}
 
 // As the files of a build can hold it: a "_" stands for each character that their names don't take.
 std::string WithoutOddCharacters(const std::string &path) {
@@ -34,11 +26,21 @@ std::string WithoutOddCharacters(const std::string &path) {
     return text;
 }
 
-bool IsSourceOf(const BrowseRecord &record, const std::string &file) {
-    const CPath source(GetFullPathNameA(record.file));
-    if (source.IsSamePath(file)) return true;
-    return !FileExists(file) &&
-           CPath(WithoutOddCharacters(source.GetFullPath())).IsSamePath(WithoutOddCharacters(file));
+// The full name of a file that the build spelled. Inside a scope of the project's directory.
+std::string Resolve(const std::string &file) {
+    const CPath path(file);
+    const std::string folder = path.GetDirectory();
+    const bool local = folder.empty() || folder.starts_with('.');
+    const std::string project = CIDEApp::Get().GetActiveProjectPath();
+    const std::string full = GetFullPathNameA((local ? CPath(project).GetDirectory() : "") + path.GetFullPath());
+    if (FileExists(full)) return full;
+    const CPath sought(WithoutOddCharacters(full));
+    const ProjectFiles files = ReadProjectFiles(project);
+    for (const std::string &name : files.names)
+        if (const std::string source = FullNameFrom(files.directory, name);
+            sought.IsSamePath(WithoutOddCharacters(source)))
+            return source;
+    return full;
 }
 
 bool OpenByIndex(const std::string &name, const std::string &file) {
@@ -46,7 +48,7 @@ bool OpenByIndex(const std::string &name, const std::string &file) {
     const auto found = functions.find(name);
     if (found == functions.end()) return false;
     const BrowseRecord record = found->second;  // opening a document can build the index anew
-    return IsSourceOf(record, file) && OpenSourceAtLine(record.file, record.line);
+    return CPath(GetFullPathNameA(record.file)).IsSamePath(file) && OpenSourceAtLine(record.file, record.line);
 }
 
 void TellNoSource(const std::string &name) {
@@ -68,10 +70,11 @@ void JumpToFunction(const SStatData &function) {
     const ProjectDirScope scope(CIDEApp::Get().GetActiveProjectPath());
     std::string name = function.name.substr(0, function.name.find('('));
     name.resize(name.find_last_not_of(' ') + 1);
-    if (OpenByIndex(name, Resolve(function.file))) return;
+    const std::string file = Resolve(function.file);
+    if (OpenByIndex(name, file)) return;
     const std::string folder = CPath(function.file).GetDirectory();
     const bool known = function.line != 0 && !folder.empty() && DirectoryExists(folder);
-    if (known && OpenSourceAtLine(function.file, function.line)) return;
+    if (known && OpenSourceAtLine(file, function.line)) return;
     if (function.name == kGlobalData)
         CIDEApp::Get().AddOutputLine(LoadText(IDS_GLOBAL_NO_SOURCE));
     else

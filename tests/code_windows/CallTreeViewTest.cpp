@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "CodeWindowProgram.h"
+#include "platform/Profile.h"
 
 namespace {
 
@@ -77,7 +78,9 @@ TEST_F(CallTreeView, LeadsToSources) {
     EXPECT_EQ(JumpFrom(Tree().GetChild(1, main)), "The source of 'gone' can't be shown");
     EXPECT_EQ(JumpFrom(Tree().GetChild(2, main)), "The source of 'far' can't be shown");
     scratch.Write("blink/r\u00fchren.asm", "\n\nstir\n");
-    KnowFunction("stir", "r\u00fchren.asm", 3);
+    const std::string project = scratch.Windows("blink/blink.__c");
+    WritePrivateProfileStringA("Files", "Count", "5", project.c_str());
+    WritePrivateProfileStringA("Files", "File4", "r\u00fchren.asm", project.c_str());
     EXPECT_EQ(JumpFrom(Tree().GetChild(3, main)), "r\u00fchren.asm 3") << "a build can't write this name";
 
     std::string deep;
