@@ -117,6 +117,25 @@ TEST(CSimChip, TakesValuesAndJumpsFromOutside) {
     EXPECT_EQ(chip->Cycles(), 1u);
 }
 
+TEST(CSimChip, LeavesTimersAloneThatAreLookedAt) {
+    const auto chip = MakeChipOf("PIC16F877A",
+                                 "  org 0\n  goto start\n  org 4\n  bcf INTCON, T0IF\n  incf 0x70, f\n  retfie\nstart\n"
+                                 "  banksel OPTION_REG\n  movlw 0xdf\n  movwf OPTION_REG\n  banksel T2CON\n  movlw 4\n"
+                                 "  movwf T2CON\n  movlw 0xa0\n  movwf INTCON\n  goto $");
+    ASSERT_TRUE(chip);
+    constexpr int kOverflows = 160;
+    int overflows = 0, last = 0;
+    while (chip->Cycles() < kOverflows * 256) {
+        chip->ReadRegister(0x01);  // TMR0
+        const int timer2 = chip->ReadRegister(0x11).value_or(0);
+        overflows += timer2 < last;
+        last = timer2;
+        chip->Step();
+    }
+    EXPECT_NEAR(overflows, kOverflows, 1);
+    EXPECT_NEAR(chip->ReadRegister(0x70).value_or(0), kOverflows, 1);  // of TMR0
+}
+
 TEST(CSimChip, RunsToAStopAndShowsTheStackThere) {
     const auto chip = MakeChipOf(
         "PIC16F1823", "  org 0\n  call one\n  bra 0\none\n  call two\n  return\ntwo\n  incf 0x70, f\n  return");
