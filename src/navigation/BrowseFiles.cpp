@@ -39,6 +39,10 @@ BrowseFiles BrowseFilesOf(const std::string &project, const std::string &configu
     return files;
 }
 
+void MakeTagFolder(const BrowseFiles &files) {
+    CreateDirectoryA(CPath(files.tags).GetDirectory());
+}
+
 std::string WriteBrowseFileList(const std::string &project) {
     const std::string list = MakeTempFile("alst");
     if (list.empty()) return {};

@@ -15,6 +15,9 @@ struct BrowseFiles {
 // Those of a project file and a configuration in the open workspace, for one update.
 BrowseFiles BrowseFilesOf(const std::string &project, const std::string &configuration);
 
+// Makes the folder of the configuration anew, which a user may have deleted with what builds left in it.
+void MakeTagFolder(const BrowseFiles &files);
+
 // Writes the list of all files that an update reads: the project's own, the kernel's header, the toolsuite's headers,
 // the last two as the project wants. Native names, a line each. The list's name in the Windows form, for the caller to
 // delete; empty when it can't be written. Main thread.

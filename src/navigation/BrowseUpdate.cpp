@@ -73,6 +73,7 @@ bool CBrowseUpdate::Start(const char *kinds, const std::string &output, const ch
 
 void CBrowseUpdate::StartTags() {
     list_ = WriteBrowseFileList(files_.project);
+    MakeTagFolder(files_);
     if (!list_.empty() && Start(language_.indexKinds, files_.tags, "-n"))
         Await(&CBrowseUpdate::ReadTags);
     else

@@ -103,6 +103,7 @@ void CSymbolIndex::UpdateNow(CMainFrame &frame) {
     const CtagsLanguage &language = ActiveLanguage();
     const CTempFile list(CreateBrowseFileList());
     if (list.Path().empty()) return;
+    MakeTagFolder(files);
     const std::string listArgument = " -L \"" + ToNativePath(list.Path()) + "\"";
     if (!RunCtags(files.tags, language.indexKinds, "-n" + listArgument)) return;
     ParseTagFile(files.tags);

@@ -135,6 +135,7 @@ TEST_F(SymbolTest, FollowsASavedFileBehindTheUsersBack) {
     CIDEDoc *document = Open("p q/pump.c");
     ASSERT_EQ(document->functions.size(), 1u);
     Edit(document, "int drain(void) { return 0; }\r\n");
+    ASSERT_GT(std::filesystem::remove_all(scratch.Native("p q/Debug")), 0u) << "with what builds left";
     program->Command(ID_FILE_SAVE);
     ASSERT_EQ(document->functions.size(), 2u) << "the document's own functions are there at once";
     EXPECT_TRUE(Maps().Functions.contains("pump_speed")) << "the index of before serves meanwhile";
