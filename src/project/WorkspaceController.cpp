@@ -391,6 +391,7 @@ void CWorkspaceController::RemoveProjectFromWorkspace(const std::string &name) {
             ShowActiveProject();
         } else {
             Frame().ConfigBox().ResetContent();
+            for (int pane : {kPaneTarget, kPaneCompiler, kPaneClock}) Frame().SetStatusText(pane, {});
             Frame().ListBar().UpdateCodeWindowTabs();
             bar.Fill();
         }
