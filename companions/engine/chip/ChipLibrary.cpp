@@ -1,6 +1,7 @@
 #include "chip/ChipLibrary.h"
 
 #include <14bit-processors.h>
+#include <comparator.h>
 #include <interface.h>
 #include <ioports.h>
 #include <sim_context.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cctype>
 #include <typeinfo>
+#include <utility>
 
 CRingStack::CRingStack(Processor *cpu, const Stack &former) : Stack(cpu) {
     stack_mask = former.stack_mask;
@@ -93,6 +95,18 @@ void RepeatBanks(pic_processor &cpu) {
     cpu.register_bank = cpu.registers;
 }
 
+// The library has the capture/compare of the 16F685 and 16F690 on a timer that isn't the chip's, and reaches for what
+// is missing there at the first use.
+void JoinCapture1(pic_processor &cpu) {
+    constexpr unsigned int kTmr1l = 0x0e;
+    auto *const timer = dynamic_cast<TMRL *>(cpu.registers[kTmr1l]);
+    if (!timer) return;
+    for (unsigned int address = 0; address < cpu.register_memory_size(); ++address)
+        if (auto *capture = dynamic_cast<CCPRL *>(cpu.registers[address]);
+            capture && capture->tmrl && !capture->tmrl->t1con)
+            capture->assign_tmr(timer);
+}
+
 // The library leaves the second capture/compare of the older PIC18 without its registers, and reaches for them at the
 // first pulse.
 void JoinCapture2(_16bit_processor &cpu) {
@@ -125,6 +139,32 @@ void JoinEepromInterrupt(_14bit_processor &cpu) {
     if (intcon && !intcon->pir_set) intcon->set_pir_set(new CLonePeripheral(cpu.eeprom));  // as long as the process
 }
 
+// What the voltage reference tells of its changes on chips with comparators of their own: reading these makes them
+// compare.
+class CComparators : public CMCON {
+public:
+    CComparators(pic_processor &cpu, std::vector<Register *> controls)
+        : CMCON(&cpu, "comparators", ""), controls_(std::move(controls)) {}
+    unsigned int get() override {
+        for (Register *const control : controls_) control->get();
+        return 0;
+    }
+
+private:
+    const std::vector<Register *> controls_;
+};
+
+// The library has nobody there on the 16F88x, and tells all the same.
+void JoinReference(pic_processor &cpu) {
+    std::vector<Register *> controls;
+    for (unsigned int address = 0; address < cpu.register_memory_size(); ++address)
+        if (Register *const found = cpu.registers[address]; dynamic_cast<CMxCON0_base *>(found))
+            controls.push_back(found);
+    for (unsigned int address = 0; address < cpu.register_memory_size(); ++address)
+        if (auto *reference = dynamic_cast<VRCON *>(cpu.registers[address]); reference && !reference->_cmcon)
+            reference->_cmcon = new CComparators(cpu, controls);  // as long as the process
+}
+
 class CLowSource : public SignalControl {
     char getState() override { return '0'; }
     void release() override {}
@@ -154,7 +194,11 @@ CSimChip::Impl::Impl(pic_processor &chip, bool pic18)
         JoinCapture2(static_cast<_16bit_processor &>(cpu));
     }
     if (core == Core::baseline) DetachInputOnlyPin(cpu);
-    if (core == Core::midRange) JoinEepromInterrupt(static_cast<_14bit_processor &>(cpu));
+    if (core == Core::midRange) {
+        JoinCapture1(cpu);
+        JoinReference(cpu);
+        JoinEepromInterrupt(static_cast<_14bit_processor &>(cpu));
+    }
     for (uint32_t address = 0; address < cpu.register_memory_size(); ++address) {
         if (auto *timer = dynamic_cast<TMR0 *>(cpu.registers[address])) timers0.push_back(timer);
         if (auto *timer = dynamic_cast<TMR2 *>(cpu.registers[address])) timers2.push_back(timer);

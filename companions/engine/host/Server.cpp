@@ -271,9 +271,11 @@ CServer::Answer CServer::Reset(bool powerOn) {
 
 CServer::Answer CServer::Start(RunKind kind, CMessageWriter &out) {
     if (!wasReset_ || !IsStanding()) return Answer::refused;
-    const auto taken = snapshots_.Take();
+    // A step out of nothing isn't to cost the oldest snapshot.
+    const bool isNothing = kind == RunKind::stepOut && session_->FrameList().value_or("").empty();
+    const auto taken = isNothing ? CSnapshots::Taken::none : snapshots_.Take();
     if (taken == CSnapshots::Taken::woken) return BecomeLive();
-    if (!session_->Start(kind)) {
+    if (isNothing || !session_->Start(kind)) {
         if (taken == CSnapshots::Taken::going) snapshots_.DropYoungest();
         if (kind == RunKind::stepOut) out.PutText("Nothing was called.");
         return Answer::refused;
