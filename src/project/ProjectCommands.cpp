@@ -156,7 +156,7 @@ void CProjectCommands::AddNewFile(const std::string &project) {
     if (!MayOverwrite(path) || !CreateFileOrTell(path, content)) return;
     if (!AddFile(project, file)) return;
     CIDEApp::Get().symbols.UpdateBrowseInfo();
-    CIDEApp::Get().FindOrOpenDocument(path, true);
+    CIDEApp::Get().OpenDocumentFile(path);
 }
 
 void CProjectCommands::AddSystemLibrary(const std::string &project) {
