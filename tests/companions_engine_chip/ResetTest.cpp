@@ -66,6 +66,24 @@ TEST_P(ResetInAnInterrupt, LeavesItForTheNextOne) {
 }
 INSTANTIATE_TEST_SUITE_P(Chips, ResetInAnInterrupt, testing::Values("PIC16F877A", "PIC16F1823", "PIC18F452"));
 
+TEST(Reset, LeavesNothingUnderWay) {
+    const auto chip =
+        MakeChipOf("PIC16F628A",
+                   "  org 0\n  movlw 0x01\n  movwf PCLATH\n  goto main\n  org 0x120\nmain\n  banksel TXSTA\n"
+                   "  movlw 0x55\n  movwf TXSTA\n  banksel RCSTA\n  movlw 0x90\n  movwf RCSTA\n"
+                   "  movwf TXREG\n  movwf TXREG\n  banksel EECON1\n  bsf EECON1, RD\n  bsf EECON1, WREN\n"
+                   "  bsf EECON1, WR\n  movlw 1\n  addwf PCL, f\n  goto $\n  goto $");
+    ASSERT_TRUE(chip);
+    for (const bool powerOn : {true, false}) {
+        chip->RunTo({}, 30);
+        ASSERT_EQ(chip->ReadRegister(AddressOf(*chip, "EECON1")).value_or(0) & 0x06, 0x06);
+        powerOn ? chip->PowerOnReset() : chip->Reset();
+        const Values values = {{"PCLATH", 0}, {"EECON1", 0}, {"TXSTA", 2}};
+        for (const auto &[name, value] : values)
+            EXPECT_EQ(chip->ReadRegister(AddressOf(*chip, name)), value) << name << powerOn;
+    }
+}
+
 TEST(Reset, SetsControlRegistersOfMidRange) {
     ExpectSetByReset("PIC16F877A",
                      {{"INTCON", 0},

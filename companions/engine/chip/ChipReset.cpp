@@ -84,14 +84,21 @@ void CSimChip::Impl::LeaveInterrupt() {
 
 void CSimChip::Impl::FromReset(RESET_TYPE kind) {
     cpu.reset(kind);
-    // A baud rate generator takes its clearing for a change in the middle of a bit, which is to hold from the next one
-    // on, and would begin the first of the bits to come at that time.
-    for (uint32_t address = 0; address < cpu.register_memory_size(); ++address)
+    for (uint32_t address = 0; address < cpu.register_memory_size(); ++address) {
+        // A baud rate generator takes its clearing for a change in the middle of a bit, which is to hold from the next
+        // one on, and would begin the first of the bits to come at that time.
         if (auto *const generator = dynamic_cast<_SPBRG *>(cpu.registers[address])) {
             generator->last_cycle = -uint64_t{generator->get_cycles_per_tick()};
             generator->set_start_cycle();  // that time: a bit behind the last one
             generator->last_cycle = 0;
         }
+        // What only the chip itself sets and clears stays; a program would wait for ever.
+        if (auto *const transmitter = dynamic_cast<_TXSTA *>(cpu.registers[address]))
+            transmitter->value.put(transmitter->value.get() | _TXSTA::TRMT);
+    }
+    if (cpu.eeprom) cpu.eeprom->get_reg_eecon1()->value.put(0);
+    // The page that the program was in.
+    if (cpu.pclath) cpu.pclath->value.put(0);
     if (kind != POR_RESET || !isPic18) return;
     // Clearing the registers that count the pointers up and down has counted them.
     auto &cpu18 = static_cast<_16bit_processor &>(cpu);
