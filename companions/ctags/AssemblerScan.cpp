@@ -238,9 +238,12 @@ bool LooksLikeAssembler(std::string_view text) {
         } else {
             CLineReader reader(line);
             CLineReader afterLabel = reader;
-            if (!afterLabel.TakeName().empty()) reader = afterLabel;
+            const bool hasLabel = !afterLabel.TakeName().empty();
+            if (hasLabel) reader = afterLabel;
             reader.Skip(':');
             reader.SkipBlanks();
+            // In a list of a compiler a comma follows.
+            assembler += hasLabel && reader.Rest().starts_with("= ") && !body.ends_with(',');
             const std::string_view word = reader.TakeName();
             assembler += word != "else" && word != "if" && word != "while" && word != "end" && word != "goto" &&
                          FindAssemblerWord(word) != AssemblerWord::other;
