@@ -244,7 +244,7 @@ bool LooksLikeAssembler(std::string_view text) {
             reader.SkipBlanks();
             const std::string_view rest = reader.Rest();
             // In a list of a compiler a comma follows.
-            assembler += hasLabel && rest.starts_with('=') && !rest.starts_with("==") && !rest.ends_with(',');
+            assembler += hasLabel && rest.starts_with('=') && !rest.starts_with("==") && !body.ends_with(',');
             const std::string_view word = reader.TakeName();
             assembler += word != "else" && word != "if" && word != "while" && word != "end" && word != "goto" &&
                          FindAssemblerWord(word) != AssemblerWord::other;
