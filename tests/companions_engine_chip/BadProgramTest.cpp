@@ -164,3 +164,30 @@ TEST(BadProgram, SelectsABankThatIsNotThere) {
     EXPECT_TRUE(chip->TakeWritten());
     EXPECT_EQ(chip->ReadRegister(0x140), 0xff);
 }
+
+struct UsedPart {
+    const char *type, *lines;
+    uint32_t address;  // where the end is to be seen, and what
+    uint8_t mask, value;
+};
+class PartTheLibraryEndsAt : public testing::TestWithParam<UsedPart> {};
+
+TEST_P(PartTheLibraryEndsAt, Works) {
+    const UsedPart &part = GetParam();
+    const auto chip = MakeChipOf(part.type, std::string("  org 0\n") + part.lines);
+    ASSERT_TRUE(chip);
+    EXPECT_EQ(chip->RunTo(kNoStops, 2000), ChipState::running);
+    EXPECT_EQ(chip->ReadRegister(part.address).value_or(0) & part.mask, part.value);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Chips, PartTheLibraryEndsAt,
+    testing::Values(UsedPart{"PIC16F84",  // the interrupt of the EEPROM
+                             "  goto main\n  org 4\n  bcf EECON1, EEIF\n  incf 0x20, f\n  retfie\nmain\n  movlw 0xc0\n"
+                             "  movwf INTCON\n  bsf STATUS, RP0\n  bsf EECON1, WREN\n  movlw 0x55\n  movwf EECON2\n"
+                             "  movlw 0xaa\n  movwf EECON2\n  bsf EECON1, WR\n  goto $",
+                             0x20, 0xff, 1},
+                    UsedPart{"PIC16F690",  // a comparison with timer 1
+                             "  movlw 0x40\n  movwf CCPR1L\n  movlw 0x0a\n  movwf CCP1CON\n  bsf T1CON, 0\n  goto $",
+                             0x0c, 0x04, 0x04},
+                    UsedPart{"PIC16F887",  // the voltage reference
+                             "  banksel VRCON\n  movlw 0xa5\n  movwf VRCON\n  goto $", 0x97, 0xff, 0xa5}));
