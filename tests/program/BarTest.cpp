@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QTabBar>
 #include <QTest>
 #include <QToolBar>
 
@@ -50,6 +51,7 @@ TEST_F(BarTest, FollowsHoweverABarIsShownOrHidden) {
         program->Command(command);
         EXPECT_TRUE(bar.IsShowing()) << id;
         EXPECT_TRUE(HasFocus(bar)) << id;
+        EXPECT_FALSE(qobject_cast<QTabBar *>(QApplication::focusWidget())) << id;
         EXPECT_TRUE(ButtonIsDown(command));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         EXPECT_TRUE(HasFocus(*program->ActiveView())) << id;
