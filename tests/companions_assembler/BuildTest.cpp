@@ -278,6 +278,42 @@ TEST(Build, MakesLibrariesAndLinksThem) {
     EXPECT_EQ(Count(listing, "     goto    0x"), 1) << listing;
 }
 
+TEST(Build, ListsTheVariablesThatSourcesPlace) {
+    CScratchProject project;
+    project.Write("a.asm", R"( include "p16f628a.inc"
+ extern other
+LENGTH equ 2
+ cblock 0x70
+ first, second:LENGTH ; , third
+last
+ endc
+LIMIT = .25
+kept equ 0x7E
+lamp set PORTB
+ udata
+placed res 2
+put macro value
+ movwf value
+ endm
+ code
+main: movlw LIMIT
+ put kept
+ bsf lamp, LENGTH
+ banksel other
+ goto main
+ end
+)");
+    project.Write("b.asm", " include \"p16f628a.inc\"\n global other\nfirst equ 0x10\n udata\nother res 1\n end\n");
+    const std::string output = project.Build({"a.asm", "b.asm"});
+    ASSERT_TRUE(project.HasOutputs()) << output;
+    const std::string listing = project.Read("Debug/demo.lst");
+    std::istringstream table(listing.substr(std::min(listing.find("VALUE\n"), listing.size())));
+    std::string names, name, value;
+    for (table >> name; table >> name >> value;) names += name + "=" + value + " ";
+    EXPECT_EQ(names,
+              "placed=00000120 other=00000122 first=00000070 second=00000071 last=00000073 kept=0000007E lamp=00000006 ");
+}
+
 TEST(Build, DebugAndReleaseDiffer) {
     CScratchProject project;
     project.Write("a.asm",

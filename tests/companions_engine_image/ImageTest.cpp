@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -133,18 +134,24 @@ TEST(EngineImage, PutsEachFamiliesPartsWhereTheyBelong) {
 }
 
 TEST(EngineImage, KnowsSymbolsAndFunctions) {
-    const auto image = CLinkedProgram(kMidRange).Load();
+    const CLinkedProgram program(kMidRange);
+    std::ofstream(program.Native("Debug/demo.lst"), std::ios::app)
+        << "\nSYMBOL TABLE\n  LABEL VALUE\ncount 0000007F\nplaced   00000070\nbent 7x\nempty\nlast 00000071";
+    const auto image = program.Load();
     ASSERT_TRUE(image);
     const std::map<std::string, std::pair<bool, uint32_t>> expected = {
-        {"count", {false, 2}},  {"flag", {false, 1}}, {"saved", {false, 1}}, {"table", {false, 3}},
-        {"shared", {false, 3}}, {"main", {true, 1}},  {"again", {true, 1}}};
+        {"count", {false, 2}}, {"flag", {false, 1}},   {"saved", {false, 1}},
+        {"table", {false, 3}}, {"shared", {false, 3}}, {"main", {true, 1}},
+        {"again", {true, 1}},  {"placed", {false, 1}}, {"last", {false, 1}}};
     for (const auto &[name, facts] : expected) {
         const ImageSymbol *symbol = image->FindSymbol(name);
         ASSERT_TRUE(symbol) << name;
         EXPECT_EQ(std::pair(symbol->inProgram, symbol->size), facts) << name;
     }
-    EXPECT_FALSE(image->FindSymbol("Main"));
+    for (const char *none : {"Main", "bent", "empty"}) EXPECT_FALSE(image->FindSymbol(none)) << none;
+    EXPECT_EQ(image->FindSymbol("placed")->address, 0x70u);
     const uint32_t count = image->FindSymbol("count")->address;
+    EXPECT_NE(count, 0x7fu) << "the image's own goes before the listing's";
     EXPECT_EQ(image->SymbolAt(count, false)->name, "count");
     EXPECT_FALSE(image->SymbolAt(count + 1, false));
     EXPECT_FALSE(image->SymbolAt(count, true));

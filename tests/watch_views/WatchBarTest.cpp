@@ -70,6 +70,7 @@ protected:
         program.AnswerDialog([=](QWidget &dialog) {
             auto *const box = dialog.findChild<QComboBox *>();
             EXPECT_EQ(FromQString(box->currentText()), shown);
+            EXPECT_GE(box->findText("ticks_left"), 0);
             box->setEditText(typed);
             static_cast<QDialog &>(dialog).accept();
         });

@@ -5,7 +5,8 @@
 //   asmtool.exe link --image I... [--size WORDS] [--processor P] -- gplink words...
 //                                                the image's files; gplink's own words name the objects and libraries;
 //                                                images "x.tree" and "x.stat" are written out of "x.cof" after the
-//                                                link; "x.lst" gets what the linker left out of it
+//                                                link; "x.lst" gets what the linker left out of it,
+//                                                and a table of the variables
 //   asmtool.exe library --image I -- gplib words...
 //   asmtool.exe disassemble --image I -- gpdasm words...         its output becomes the image
 //   asmtool.exe usage --size WORDS|--bytes BYTES IMAGE.cof
@@ -24,6 +25,7 @@
 #include "DependencyFile.h"
 #include "LinkStatistics.h"
 #include "ListingGaps.h"
+#include "ListingSymbols.h"
 #include "MemoryUsage.h"
 #include "MessageRewriter.h"
 #include "StatisticsFiles.h"
@@ -205,6 +207,16 @@ void DescribeLink(const Arguments &arguments) {
     if (!written) Print("Warning: " + tree + " and " + stat + " can't be written.");
 }
 
+// Of the program's own objects, where they lie beside these.
+std::vector<std::string> AssemblerListings(const Arguments &arguments) {
+    std::vector<std::string> listings;
+    for (const std::string &word : arguments.tool)
+        if (fs::path object(word); object.extension() == ".o")
+            if (auto text = ReadWholeFile(FromNativePath(object.replace_extension(".lst").string())))
+                listings.push_back(std::move(*text));
+    return listings;
+}
+
 // The listing serves without what is missing in it, too: nothing is told of a failure.
 void CompleteListing(const Arguments &arguments) {
     const std::string name = ImageWithExtension(arguments, ".lst"), program = ImageWithExtension(arguments, ".hex");
@@ -219,6 +231,7 @@ void CompleteListing(const Arguments &arguments) {
         };
         if (!gaps.empty()) RunTool({"gpdasm", "-i", "-p", arguments.processor, program}, Repetition::keep, add);
         if (!lines.empty()) complete += kNoSourceHeading + lines;
+        complete += SymbolTable(image, AssemblerListings(arguments));
         if (complete != listing) ReplaceWholeFile(FromNativePath(name), complete);
     } catch (const std::exception &) {  // out of memory
     }

@@ -67,7 +67,14 @@ std::unique_ptr<CImage> CImage::Load(const std::string &path, std::string &error
         error = shown + " can't be read.";
         return nullptr;
     }
-    return FromBytes(std::move(*bytes), path, error);
+    auto image = FromBytes(std::move(*bytes), path, error);
+    const SplitPath parts = _splitpath(path);
+    const std::string listing = parts.drive + parts.directory + parts.name + ".lst";
+    const std::string shownListing = DisplayPath(listing);
+    if (image && std::filesystem::is_regular_file(shownListing, failure) &&
+        std::filesystem::file_size(shownListing, failure) <= kLargestFile)
+        image->data_->symbols.AddListed(ReadWholeFile(listing).value_or(""));
+    return image;
 }
 
 std::unique_ptr<CImage> CImage::FromBytes(std::string bytes, const std::string &path, std::string &error) {

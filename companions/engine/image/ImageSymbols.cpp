@@ -1,6 +1,11 @@
 #include "image/ImageSymbols.h"
 
+#include <algorithm>
+#include <charconv>
+
 namespace {
+
+constexpr std::string_view kSymbolTable = "\nSYMBOL TABLE\n";
 
 using Storage = CObjectFile::Storage;
 
@@ -39,6 +44,25 @@ void CImageSymbols::Add(ImageSymbol symbol, bool isGlobal) {
     enter(byName_, symbol.name);
     enter(byAddress_[symbol.inProgram], symbol.address);
     entries_.push_back({std::move(symbol), isGlobal});
+}
+
+void CImageSymbols::AddListed(std::string_view listing) {
+    const size_t table = listing.find(kSymbolTable);
+    if (table == listing.npos) return;
+    listing.remove_prefix(table + kSymbolTable.size());
+    while (!listing.empty()) {
+        const std::string_view line = listing.substr(0, listing.find('\n'));
+        listing.remove_prefix(std::min(line.size() + 1, listing.size()));
+        const std::string_view name = line.substr(0, line.find(' '));
+        const size_t digits = line.find_first_not_of(' ', name.size());
+        if (name.empty() || digits == line.npos || Find(std::string(name))) continue;
+        uint32_t address = 0;
+        const char *end = line.data() + line.size();
+        const auto read = std::from_chars(line.data() + digits, end, address, 16);
+        if (read.ec != std::errc() || read.ptr != end) continue;
+        byName_.insert({std::string(name), entries_.size()});
+        entries_.push_back({{std::string(name), address, false, 1}, false});
+    }
 }
 
 const ImageSymbol *CImageSymbols::Find(const std::string &name) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -11,6 +12,10 @@
 class CImageSymbols {
 public:
     explicit CImageSymbols(const CLinkedImage &image);
+
+    // Adds the variables of the symbol table in the program's listing whose names the image doesn't have: those that
+    // the sources place by "cblock" or an equate. They count as one byte.
+    void AddListed(std::string_view listing);
 
     const ImageSymbol *Find(const std::string &name) const;
     const ImageSymbol *At(uint32_t address, bool inProgram) const;
