@@ -55,6 +55,25 @@ void StartLibrary() {
     (void)started;
 }
 
+namespace {
+
+ProcessorConstructor *FindNamed(const std::string &name) {
+    for (ProcessorConstructor *maker : *ProcessorConstructor::GetList())
+        for (const char *known : maker->names)
+            if (known && ("pic" + name == known || "p" + name == known)) return maker;
+    return nullptr;
+}
+
+// The chip that runs every program of the one of this name alike, for one that the library lacks: the same at a higher
+// supply voltage, or of a former revision.
+std::string TwinOf(std::string name) {
+    if (name == "16f84a") return "16f84";
+    if (const size_t low = name.find("lf"); low != std::string::npos) name.erase(low, 1);
+    return name;
+}
+
+}  // namespace
+
 ProcessorConstructor *FindMaker(const std::string &type) {
     StartLibrary();
     std::string name = type;
@@ -65,10 +84,8 @@ ProcessorConstructor *FindMaker(const std::string &type) {
             break;
         }
     if (name.empty() || !std::isdigit(static_cast<unsigned char>(name[0]))) return nullptr;
-    for (ProcessorConstructor *maker : *ProcessorConstructor::GetList())
-        for (const char *known : maker->names)
-            if (known && ("pic" + name == known || "p" + name == known)) return maker;
-    return nullptr;
+    ProcessorConstructor *const maker = FindNamed(name);
+    return maker ? maker : FindNamed(TwinOf(name));
 }
 
 namespace {

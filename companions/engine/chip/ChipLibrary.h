@@ -50,7 +50,7 @@ enum StackFlag : unsigned int { kStackUnderflow = 0x40, kStackOverflow = 0x80, k
 // Brings the library up, once in a process.
 void StartLibrary();
 
-// The library's maker for a chip's name, in any of the usual spellings; null for none.
+// The library's maker for a chip's name, in any of the usual spellings, or for its twin; null for none.
 ProcessorConstructor *FindMaker(const std::string &type);
 
 struct CSimChip::Impl {
