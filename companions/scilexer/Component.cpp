@@ -26,7 +26,7 @@ void InstallAccessibleOnce() {
 }  // namespace
 
 CComponent::CComponent(QWidget *parent) : QsciScintillaBase(parent) {
-    InstallAccessibleOnce();  // behind the component's own, which its first window installs: the last one is asked first
+    InstallAccessibleOnce();  // behind the component's own, which its first window installs: the last is asked first
     setFrameShape(QFrame::NoFrame);
     SendScintilla(SCI_SETCODEPAGE, static_cast<unsigned long>(SC_CP_UTF8));
     ConnectTextNotifications();

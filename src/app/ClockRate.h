@@ -17,6 +17,6 @@ std::string ClockRateText(long rate);
 // The exact rate in the largest unit that reads well: "4 MHz", "3.6864 MHz", "32.768 kHz", "12345 Hz".
 std::string ExactClockRate(long rate);
 
-// Reads "4000000", "4 MHz", "32.768kHz", "3,6864 M": a number without a unit is in Hz; unit in any case. Empty when it is
-// no number, no whole number of Hz, or above the highest rate.
+// Reads "4000000", "4 MHz", "32.768kHz", "3,6864 M": a number without a unit is in Hz; unit in any case. Empty when it
+// is no number, no whole number of Hz, or above the highest rate.
 std::optional<long> ParseClockRate(std::string_view text);

@@ -1,5 +1,5 @@
-// Every command of the program by its number. A command goes to the active view, its child frame, the main frame and the
-// application, in this order.
+// Every command of the program by its number. A command goes to the active view, its child frame, the main frame and
+// the application, in this order.
 #pragma once
 
 enum CommandId : int {

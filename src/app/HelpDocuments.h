@@ -11,5 +11,6 @@ struct HelpDocument {
 
 std::span<const HelpDocument> HelpDocuments();
 
-// Opens the document with the desktop's program for it. On failure `error` tells which file can't be opened. Main thread.
+// Opens the document with the desktop's program for it. On failure `error` tells which file can't be opened. Main
+// thread.
 bool OpenHelpDocument(const HelpDocument &document, std::string &error);

@@ -17,12 +17,13 @@ public:
 
     bool OnCmdMsg(int id, CCmdUI *ui) override;  // its own map, then the output bar's lists
 
-    // Builds the project of file `project` (full name) with `arguments` behind the makefile. `clean`: no batch files and
-    // no RTOS question. `first`: this call starts the queue; later projects of one command only add their steps. False
-    // when the user cancelled, or nothing was queued or started; the build list tells why.
+    // Builds the project of file `project` (full name) with `arguments` behind the makefile. `clean`: no batch files
+    // and no RTOS question. `first`: this call starts the queue; later projects of one command only add their steps.
+    // False when the user cancelled, or nothing was queued or started; the build list tells why.
     bool BuildProject(const std::string &project, const std::string &arguments, bool clean, bool first);
 
-    // Writes the makefile and adds the project's steps. False, with the reason in the build list, when there is no step.
+    // Writes the makefile and adds the project's steps. False, with the reason in the build list, when there is no
+    // step.
     bool QueueProjectBuild(bool clean, const std::string &project, const std::string &arguments);
 
     // Runs one step of the active project's toolsuite; `heading` is written above its output. False when something runs

@@ -6,9 +6,9 @@
 #include <string_view>
 
 // A line ends at CR or LF; a run of the same character after it belongs to the end, and so does one LF behind a run of
-// CR: "a\r\n", "a\r\r\n" and "a\n\n" are one line each, however the bytes are split over the calls of Add. A line of more
-// than kLongestLine bytes is cut into pieces at borders of UTF-8 characters. Memory is one fixed buffer. Not for two
-// threads at once.
+// CR: "a\r\n", "a\r\r\n" and "a\n\n" are one line each, however the bytes are split over the calls of Add. A line of
+// more than kLongestLine bytes is cut into pieces at borders of UTF-8 characters. Memory is one fixed buffer. Not for
+// two threads at once.
 class ConsoleLineSplitter {
 public:
     static constexpr size_t kLongestLine = 8191;

@@ -6,8 +6,8 @@
 
 std::string FormMakeCommand(const std::string &programDirectory, const std::string &tool, const std::string &makefile,
                             const std::string &attributes, const std::string &arguments) {
-    return QuoteToolPath(AddSlash(programDirectory) + tool, programDirectory) + " -c -f " + QuoteIfBlank(makefile) + " " +
-           attributes + " " + arguments;
+    return QuoteToolPath(AddSlash(programDirectory) + tool, programDirectory) + " -c -f " + QuoteIfBlank(makefile) +
+           " " + attributes + " " + arguments;
 }
 
 std::string MakeCommand(const std::string &makefile, const std::string &attributes, const std::string &arguments) {

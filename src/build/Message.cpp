@@ -65,7 +65,8 @@ bool CMessage::ExecuteTool(const std::string &directory) {
 
     std::string commandLine = step.command;
     frame.ExpandMacros(project, commandLine);
-    for (const std::string &line : {std::string(step.title), std::string(), commandLine, std::string()}) WriteLine(line);
+    for (const std::string &line : {std::string(step.title), std::string(), commandLine, std::string()})
+        WriteLine(line);
     return Launch(commandLine, directory, step.extra);
 }
 

@@ -33,7 +33,8 @@ int ReadNumber(std::string_view text) {
     const bool negative = at < text.size() && text[at] == '-';
     if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
     long long number = 0;
-    for (; at < text.size() && IsDigit(text[at]); ++at) number = std::min<long long>(number * 10 + text[at] - '0', INT_MAX);
+    for (; at < text.size() && IsDigit(text[at]); ++at)
+        number = std::min<long long>(number * 10 + text[at] - '0', INT_MAX);
     return static_cast<int>(negative ? -number : number);
 }
 

@@ -8,8 +8,8 @@
 #include "build/XRedirect.h"
 #include "framework/MessageTarget.h"
 
-// Posts kMsgOutputText with each line and kMsgChildEnded behind the last one. When the receiver falls behind, the worker
-// waits, so that what waits to be shown stays bounded.
+// Posts kMsgOutputText with each line and kMsgChildEnded behind the last one. When the receiver falls behind, the
+// worker waits, so that what waits to be shown stays bounded.
 class CMyRedirect : public CXRedirect {
 public:
     CMyRedirect() = default;

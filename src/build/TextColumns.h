@@ -1,5 +1,5 @@
-// Columns of a line of UTF-8 text in a font of fixed width: a character takes one, a tab reaches to the next multiple of
-// eight.
+// Columns of a line of UTF-8 text in a font of fixed width: a character takes one, a tab reaches to the next multiple
+// of eight.
 #pragma once
 
 #include <cstddef>

@@ -14,9 +14,9 @@
 
 class ConsoleLineSplitter;
 
-// Start and Stop are for one thread (the owner's); the three callbacks come on the worker thread, except where told. The
-// command runs through the launcher "pspawn.exe", which is asked to end it by an inherited event. A derived class calls
-// Stop in its destructor, while its callbacks still stand.
+// Start and Stop are for one thread (the owner's); the three callbacks come on the worker thread, except where told.
+// The command runs through the launcher "pspawn.exe", which is asked to end it by an inherited event. A derived class
+// calls Stop in its destructor, while its callbacks still stand.
 class CXRedirect {
 public:
     CXRedirect();
@@ -25,8 +25,8 @@ public:
     CXRedirect &operator=(const CXRedirect &) = delete;
 
     // Starts `command` in `directory` (Windows form); `parameter` is passed through to the launcher. False for an empty
-    // command, while a worker exists, or when no thread can be made. A launcher that can't be run shows as a line and an
-    // exit code of 1.
+    // command, while a worker exists, or when no thread can be made. A launcher that can't be run shows as a line and
+    // an exit code of 1.
     bool Start(const std::string &command, const std::string &directory, int32_t parameter);
 
     // Asks a running command to end and returns at once; OnChildTerminate tells when it has.
@@ -46,8 +46,8 @@ protected:
     virtual void OnChildStarted(const std::string &launcherCommand) {}
     virtual void OnChildWrite(std::string_view line) = 0;
 
-    // Once per successful Start, the last callback of it. A derived class calls this one first, under its lock if it has
-    // one: from then on Start succeeds again.
+    // Once per successful Start, the last callback of it. A derived class calls this one first, under its lock if it
+    // has one: from then on Start succeeds again.
     virtual void OnChildTerminate() { exists_ = false; }
 
     bool IsStopping() const { return stopping_; }  // a stop was asked for; any thread

@@ -44,8 +44,8 @@ public:
     void ApplySettings();     // the user's editor settings
     void LoadFileIntoView();  // replaces the text by the file's; a missing file gives an empty text
 
-    // Runs `edit`, which says whether it changed the text, without a notification for each step: many steps would take too
-    // long. What follows changes is brought up to date once, behind it.
+    // Runs `edit`, which says whether it changed the text, without a notification for each step: many steps would take
+    // too long. What follows changes is brought up to date once, behind it.
     void EditQuietly(const std::function<bool()> &edit);
 
     intptr_t findPos = -1;  // where the last search hit, or where the next begins; see ViewSearch.h

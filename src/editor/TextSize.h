@@ -1,4 +1,5 @@
-// What is done with texts that are too large, or whose lines are too long, for the component to take them in its stride.
+// What is done with texts that are too large, or whose lines are too long, for the component to take them in its
+// stride.
 #pragma once
 
 #include <cstddef>

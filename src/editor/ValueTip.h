@@ -8,10 +8,11 @@
 // no such name.
 using EvaluateFn = std::function<bool(const std::string &name, int format, std::string &value)>;
 
-// The tip for `word` of the source file `path`, "word = value" with the value in `format`. Empty: no tip, because of the
-// file, the word or the target. In files of the high-level languages the name on the assembler's level, with "_" in
+// The tip for `word` of the source file `path`, "word = value" with the value in `format`. Empty: no tip, because of
+// the file, the word or the target. In files of the high-level languages the name on the assembler's level, with "_" in
 // front, is tried too.
 std::string ValueTip(const std::string &path, const std::string &word, int format, const EvaluateFn &evaluate);
 
-// The same for a tip that stands while the target stops anew: hexadecimal, by the name on the assembler's level at once.
+// The same for a tip that stands while the target stops anew: hexadecimal, by the name on the assembler's level at
+// once.
 std::string ValueTipAtStop(const std::string &path, const std::string &word, const EvaluateFn &evaluate);

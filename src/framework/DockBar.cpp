@@ -64,7 +64,8 @@ void CDockBar::FocusContent() {
     QWidget *place = focusWidget();
     if (!place) {
         for (QWidget *each = nextInFocusChain(); each != this; each = each->nextInFocusChain()) {
-            const bool takesFocus = (each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && each->isVisibleTo(this);
+            const bool takesFocus =
+                (each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && each->isVisibleTo(this);
             if (!takesFocus || !widget() || !widget()->isAncestorOf(each) || qobject_cast<QTabBar *>(each)) continue;
             place = each;
             break;

@@ -75,7 +75,9 @@ bool CDocument::DoSave(const std::string &path, bool replace) {
 bool CDocument::AskForPath(std::string &path) {
     CFileDialog dialog(CFileDialog::Kind::save);
     dialog.title = CWinApp::Get()->SaveAsTitle();
-    const auto ownString = [this](DocString which) { return template_ ? template_->GetDocString(which) : std::string(); };
+    const auto ownString = [this](DocString which) {
+        return template_ ? template_->GetDocString(which) : std::string();
+    };
     dialog.fileName = path_.empty() ? ownString(DocString::fileNewName) : path_;
     const std::string extension = ownString(DocString::filterExt);
     dialog.defaultExtension = extension.starts_with('.') ? extension.substr(1) : extension;

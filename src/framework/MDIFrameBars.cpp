@@ -46,7 +46,8 @@ void CMDIFrameWnd::SaveBarState(const std::string &name) {
 QByteArray CMDIFrameWnd::ReadBarState(const std::string &name, bool &statusBar) {
     const auto stored = UserStore().ReadBinary(name, kBarStateKey);
     if (!stored) return {};
-    QDataStream stream(QByteArray(reinterpret_cast<const char *>(stored->data()), static_cast<qsizetype>(stored->size())));
+    QDataStream stream(
+        QByteArray(reinterpret_cast<const char *>(stored->data()), static_cast<qsizetype>(stored->size())));
     quint32 version = 0;
     stream >> version;
     if (version != kBarStateVersion) return {};

@@ -83,7 +83,8 @@ void CMDIFrameWnd::FillMenu(QMenu *menu, int resource, CCmdTarget *target) {
             QMenu *sub = AddSubMenu(parent ? static_cast<QWidget *>(parent) : menuBar(), entry.text, target);
             parents.push_back(sub);
         } else if (!parent) {
-            if (entry.command != 0) menuBar()->addAction(MakeCommandAction(entry.command, entry.text, menuBar(), target));
+            if (entry.command != 0)
+                menuBar()->addAction(MakeCommandAction(entry.command, entry.text, menuBar(), target));
         } else if (entry.command == 0) {
             parent->addSeparator();
         } else {

@@ -41,7 +41,8 @@ public:
     // Active view and its document, child frame, a view in a bar, the frame's own map, then the application.
     bool OnCmdMsg(int id, CCmdUI *ui) override;
 
-    // Runs a pop-up of the language library at a global position. The commands go to `target` first, then the usual way.
+    // Runs a pop-up of the language library at a global position. The commands go to `target` first, then the usual
+    // way.
     void TrackPopupMenu(int resource, const QPoint &at, CCmdTarget *target = nullptr);
     QMenu *MakeMenu(int resource, CCmdTarget *target = nullptr);  // owned by the caller
 

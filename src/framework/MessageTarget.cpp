@@ -27,8 +27,8 @@ struct Message {
     std::unique_ptr<std::string> text;
 };
 
-// The one queue. Posting threads push under its lock; the main thread takes all that waits in one go, so that the lock is
-// hardly ever contended, and never held while a message is delivered.
+// The one queue. Posting threads push under its lock; the main thread takes all that waits in one go, so that the lock
+// is hardly ever contended, and never held while a message is delivered.
 class CQueue : public QObject {
 public:
     static CQueue &Get() {
@@ -142,7 +142,9 @@ CMessageTarget::~CMessageTarget() {
 
 void CMessageTarget::OnMessage(unsigned message, Handler handler) { handlers_[message] = std::move(handler); }
 
-void CMessageTarget::OnTextMessage(unsigned message, TextHandler handler) { textHandlers_[message] = std::move(handler); }
+void CMessageTarget::OnTextMessage(unsigned message, TextHandler handler) {
+    textHandlers_[message] = std::move(handler);
+}
 
 void CMessageTarget::Deliver(unsigned message, intptr_t first, intptr_t second) {
     const auto it = handlers_.find(message);

@@ -1,7 +1,7 @@
 // Posted messages and numbered timers.
 //
-// A posted message carries a number and two parameters, or a number and a text, to a target on the main thread. Messages
-// of all threads wait in one queue and are delivered in the order of posting. Delivery runs in slices of a few
+// A posted message carries a number and two parameters, or a number and a text, to a target on the main thread.
+// Messages of all threads wait in one queue and are delivered in the order of posting. Delivery runs in slices of a few
 // milliseconds between which input, timers and painting get their turn, so that a flood of messages never freezes the
 // window.
 #pragma once
@@ -37,8 +37,12 @@ public:
     virtual ~CMessageTarget();
 
     const CMessagePort &Port() const { return port_; }
-    bool PostMessage(unsigned message, intptr_t first = 0, intptr_t second = 0) { return port_.Post(message, first, second); }
-    bool PostMessage(unsigned message, std::unique_ptr<std::string> text) { return port_.Post(message, std::move(text)); }
+    bool PostMessage(unsigned message, intptr_t first = 0, intptr_t second = 0) {
+        return port_.Post(message, first, second);
+    }
+    bool PostMessage(unsigned message, std::unique_ptr<std::string> text) {
+        return port_.Post(message, std::move(text));
+    }
 
     void SetTimer(int id, int milliseconds);  // periodic; set again, it starts afresh
     void KillTimer(int id);

@@ -34,7 +34,8 @@ std::string CRecentList::MenuText(size_t index) const {
     constexpr auto kShown = static_cast<qsizetype>(kShownCharacters);
     if (name.size() > kShown) {
         // The file's own name says most: the head gives way.
-        const qsizetype tail = std::min(kShown - 4, std::max<qsizetype>(name.size() - name.lastIndexOf('/'), kShown / 2));
+        const qsizetype tail =
+            std::min(kShown - 4, std::max<qsizetype>(name.size() - name.lastIndexOf('/'), kShown / 2));
         name = name.left(kShown - 1 - tail) + QChar(0x2026) + name.right(tail);
     }
     return "&" + std::to_string(index + 1) + " " + FromQString(name.replace("&", "&&"));

@@ -1,4 +1,5 @@
-// One instance of a simulator plug-in, as a debug run calls it. Calls that the plug-in's library doesn't offer do nothing.
+// One instance of a simulator plug-in, as a debug run calls it. Calls that the plug-in's library doesn't offer do
+// nothing.
 #pragma once
 
 class CPluginInstance {

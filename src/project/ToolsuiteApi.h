@@ -6,11 +6,11 @@
 //
 // Words used below:
 //   text         a zero-terminated UTF-8 string that the callee doesn't keep
-//   text result  a zero-terminated UTF-8 string that stays valid until the next call into the library; the host copies it
-//   project      full path of the project file (".__c"), Windows form
-//   config       full path of the active configuration's file (".__f"), Windows form; the file may not exist yet
-// Paths that come in or go out are in the Windows form (see platform/NativePath.h); names of sources are relative to the
-// project's directory where they can be, and in double quotes when they hold a blank.
+//   text result  a zero-terminated UTF-8 string that stays valid until the next call into the library; the host copies
+//   it project      full path of the project file (".__c"), Windows form config       full path of the active
+//   configuration's file (".__f"), Windows form; the file may not exist yet
+// Paths that come in or go out are in the Windows form (see platform/NativePath.h); names of sources are relative to
+// the project's directory where they can be, and in double quotes when they hold a blank.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,8 @@ extern "C" {
 // Fills `name` with the toolsuite's name, its key in projects. Nonzero when the library is a toolsuite.
 using ToolGetToolNameFn = int(CString *name);
 
-// Shows the option sheet for `config` with the host's `pageCount` (2) pages added behind the toolsuite's own, each page's
-// window title being its tab's text. Nonzero when the user confirmed; the host then stores what its pages hold.
+// Shows the option sheet for `config` with the host's `pageCount` (2) pages added behind the toolsuite's own, each
+// page's window title being its tab's text. Nonzero when the user confirmed; the host then stores what its pages hold.
 // The toolsuite doesn't own the pages: it takes them out of its sheet (parent null) before it returns.
 using ToolConfigureFn = int(const char *project, const char *config, QWidget *parent, QWidget **pages, int pageCount);
 
@@ -98,8 +98,8 @@ using ToolGetSysIncludeDirFn = const char *(const char *project);
 // Writes the default list of output files, separated by ";", into `buffer` (at least 1024 bytes).
 using ToolGetDefOutputFilterFn = void(char *buffer, const char *project);
 
-// Fills `keywords` with the words of language kind `kind`, separated by blanks. Kinds: 0 other, 1 C and C++, 2 assembler,
-// 3 Pascal, 4 BASIC. Nonzero when the toolsuite has words for it.
+// Fills `keywords` with the words of language kind `kind`, separated by blanks. Kinds: 0 other, 1 C and C++, 2
+// assembler, 3 Pascal, 4 BASIC. Nonzero when the toolsuite has words for it.
 using ToolGetKeywordsFn = int(int kind, CString *keywords);
 
 // Nonzero when the toolsuite leaves what the window of `type` shows: 1 call tree, 2 function information.

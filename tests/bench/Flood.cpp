@@ -1,5 +1,5 @@
-// A build step that writes a million short lines: its time, the window's longest silence meanwhile, and the memory of the
-// list.
+// A build step that writes a million short lines: its time, the window's longest silence meanwhile, and the memory of
+// the list.
 #include <malloc.h>
 #include <unistd.h>
 

@@ -60,11 +60,13 @@ void Report(const std::string &name, const Comparison &result, const std::string
         return std::string(digits).find('e') == std::string::npos ? std::atof(digits) : value;
     };
     const auto quoted = [](const std::string &text) {
-        const QByteArray array = QJsonDocument(QJsonObject{{"", QString::fromStdString(text)}}).toJson(QJsonDocument::Compact);
+        const QByteArray array =
+            QJsonDocument(QJsonObject{{"", QString::fromStdString(text)}}).toJson(QJsonDocument::Compact);
         return array.mid(4, array.size() - 5).toStdString();  // without {"": and }
     };
     std::cout << "{\"name\":" << quoted(name) << ",\"value\":" << rounded(result.ours) << ",\"unit\":" << quoted(unit)
-              << ",\"peer\":" << quoted(peer) << ",\"ratio\":" << rounded(result.ours / result.peer) << "}" << std::endl;
+              << ",\"peer\":" << quoted(peer) << ",\"ratio\":" << rounded(result.ours / result.peer) << "}"
+              << std::endl;
 }
 
 void Require(bool holds, const std::string &what) {

@@ -14,7 +14,8 @@ constexpr int kManyFiles = 1000, kFewFiles = 100;
 
 // Returns the project's name in the Windows form.
 std::string MakeProject(const CScratch &scratch, const std::string &name, int files) {
-    std::string project = "[Settings]\r\nActive Compiler=Assembler\r\nActive Config=Debug\r\nTarget=PIC16F628A\r\n[Files]\r\n";
+    std::string project =
+        "[Settings]\r\nActive Compiler=Assembler\r\nActive Config=Debug\r\nTarget=PIC16F628A\r\n[Files]\r\n";
     project += "Count=" + std::to_string(files) + "\r\n";
     for (int i = 0; i < files; ++i) {
         const std::string file = "sources/unit" + std::to_string(i) + ".asm";
@@ -46,5 +47,6 @@ void BenchOpenProject() {
         for (int i = 0; i < kManyFiles / kFewFiles; ++i) sum += open(few);
         return sum.count();
     };
-    Report("open a project of 1000 files", Compare(kRounds, ours, peer), "ms", "ten openings of a project of 100 files");
+    Report("open a project of 1000 files", Compare(kRounds, ours, peer), "ms",
+           "ten openings of a project of 100 files");
 }

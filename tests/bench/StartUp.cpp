@@ -25,7 +25,8 @@ double TimeToFirstFrame(const std::string &program) {
     pid_t child = -1;
     bool painted = false;
     const Milliseconds time = Elapsed([&] {
-        Require(posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) == 0, program + " can't start");
+        Require(posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) == 0,
+                program + " can't start");
         close(ends[1]);
         pollfd wait = {ends[0], POLLIN, 0};
         char byte;
@@ -48,7 +49,8 @@ void BenchStartUp() {
     const auto ours = [&] { return TimeToFirstFrame(directory + "/thornwell-ide"); };
     const auto peer = [&] { return TimeToFirstFrame(directory + "/thornwell-bench-window"); };
     Compare(2, ours, peer);  // the files come into memory
-    Report("start-up to the first painted frame", Compare(kRounds, ours, peer), "ms", "a bare main window of the toolkit");
+    Report("start-up to the first painted frame", Compare(kRounds, ours, peer), "ms",
+           "a bare main window of the toolkit");
     unsetenv("QT_QPA_GENERIC_PLUGINS");
     unsetenv("QT_PLUGIN_PATH");
 }

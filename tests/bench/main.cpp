@@ -1,5 +1,5 @@
-// Measures the program against what its work costs without it: thornwell-bench [part of a benchmark's name]. Results go to
-// the standard output as JSON lines.
+// Measures the program against what its work costs without it: thornwell-bench [part of a benchmark's name]. Results go
+// to the standard output as JSON lines.
 #include <QApplication>
 #include <iostream>
 #include <string>

@@ -51,7 +51,8 @@ TEST(ConsoleLineSplitter, CutsLongLinesIntoPiecesWithoutLoss) {
     // No piece ends inside of a character; bytes that are no UTF-8 are cut anywhere.
     const Lines pieces = Split({std::string(kLongest - 1, 'x') + "\u20AC\n"});
     EXPECT_EQ(pieces, (Lines{std::string(kLongest - 1, 'x'), "\u20AC"}));
-    EXPECT_EQ(Split({std::string(kLongest + 5, '\x80')}), (Lines{std::string(kLongest, '\x80'), std::string(5, '\x80')}));
+    EXPECT_EQ(Split({std::string(kLongest + 5, '\x80')}),
+              (Lines{std::string(kLongest, '\x80'), std::string(5, '\x80')}));
 }
 
 // The rule as one looks at it with the whole output at hand.

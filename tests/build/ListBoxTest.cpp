@@ -70,8 +70,8 @@ TEST(ListBox, MovesByKeys) {
         Qt::Key key;
         int expected;
     } steps[] = {
-        {Qt::Key_Down, 99},      {Qt::Key_Up, 98},           {Qt::Key_PageUp, 98 - page}, {Qt::Key_Home, 0}, {Qt::Key_Up, 0},
-        {Qt::Key_Down, 1},       {Qt::Key_PageDown, 1 + page}, {Qt::Key_End, 99},
+        {Qt::Key_Down, 99}, {Qt::Key_Up, 98},  {Qt::Key_PageUp, 98 - page},  {Qt::Key_Home, 0},
+        {Qt::Key_Up, 0},    {Qt::Key_Down, 1}, {Qt::Key_PageDown, 1 + page}, {Qt::Key_End, 99},
     };
     for (const auto &step : steps) {
         QTest::keyClick(&list, step.key);

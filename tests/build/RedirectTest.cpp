@@ -137,7 +137,8 @@ TEST_F(Redirect, RefusesASecondStartAndAnEmptyCommand) {
 }
 
 TEST_F(Redirect, StopsAChildWithItsLastLines) {
-    for (const char *script : {"echo begun; sleep 100", "trap '' TERM INT HUP; echo begun; while :; do sleep 1; done"}) {
+    for (const char *script :
+         {"echo begun; sleep 100", "trap '' TERM INT HUP; echo begun; while :; do sleep 1; done"}) {
         Recorder redirect;
         ASSERT_TRUE(redirect.Run(script));
         ASSERT_TRUE(WaitFor([&] { return !redirect.Written().empty(); }));
@@ -214,7 +215,8 @@ public:
     bool PumpUntilEnds(int count, int milliseconds = 30000) {
         QElapsedTimer clock;
         clock.start();
-        while (ends < count && clock.elapsed() < milliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        while (ends < count && clock.elapsed() < milliseconds)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         return ends >= count;
     }
 

@@ -56,7 +56,8 @@ TEST(Build, ExamplesBuildWithoutAMessage) {
         for (const char *word : {"rror", "arning", "essage"}) EXPECT_FALSE(Contains(output, word)) << output;
         EXPECT_TRUE(project.Has(std::string("Debug/") + c.name + ".map"));
         // A skip can lead to the second word of an instruction, a line of the listing like any other.
-        EXPECT_EQ(Count(project.Read(std::string("Debug/") + c.name + ".lst"), "   f000     ; second word\n"), c.longOnes);
+        EXPECT_EQ(Count(project.Read(std::string("Debug/") + c.name + ".lst"), "   f000     ; second word\n"),
+                  c.longOnes);
         EXPECT_TRUE(Contains(project.Make(), "Nothing to be done")) << "a build without a change does nothing";
     }
 }
@@ -310,8 +311,9 @@ main: movlw LIMIT
     std::istringstream table(listing.substr(std::min(listing.find("VALUE\n"), listing.size())));
     std::string names, name, value;
     for (table >> name; table >> name >> value;) names += name + "=" + value + " ";
-    EXPECT_EQ(names,
-              "placed=00000120 other=00000122 first=00000070 second=00000071 last=00000073 kept=0000007E lamp=00000006 ");
+    EXPECT_EQ(
+        names,
+        "placed=00000120 other=00000122 first=00000070 second=00000071 last=00000073 kept=0000007E lamp=00000006 ");
 }
 
 TEST(Build, DebugAndReleaseDiffer) {

@@ -72,7 +72,8 @@ TEST(Module, HasTheKeywordsOfAllFamilies) {
 }
 
 TEST(Module, NewSourcesAssembleAndLinkForEachFamily) {
-    for (const char *target : {"PIC16F628A", "PIC18F4520", "PIC16F1938", "PIC10F200", "PIC12F675", "PIC16F84", "PIC17C44"}) {
+    for (const char *target :
+         {"PIC16F628A", "PIC18F4520", "PIC16F1938", "PIC10F200", "PIC12F675", "PIC16F84", "PIC17C44"}) {
         CScratchProject project("2 tone", target);
         ASSERT_TRUE(Export<ToolIsValidTargetFn>("toolIsValidTarget")(project.project.c_str(), target));
         const std::string header = Export<ToolEmptyContentFn>("toolEmptyHdrContent")("2 tone");

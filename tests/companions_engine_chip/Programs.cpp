@@ -11,7 +11,8 @@
 namespace {
 
 constexpr uint32_t kIds18 = 0x200000, kConfig18 = 0x300000, kEeprom18 = 0xf00000;
-constexpr uint32_t kConfig12 = 0xfff, kConfig14 = 0x2000, kEeprom14 = 0x2100, kConfigEnhanced = 0x8000, kEepromEnhanced = 0xf000;
+constexpr uint32_t kConfig12 = 0xfff, kConfig14 = 0x2000, kEeprom14 = 0x2100, kConfigEnhanced = 0x8000,
+                   kEepromEnhanced = 0xf000;
 
 void PutByte(ChipProgram &program, const CSimChip &chip, uint32_t address, uint8_t byte, uint8_t &lowByte) {
     if (chip.IsPic18() && address >= kEeprom18) return program.eeprom.push_back({address - kEeprom18, byte});

@@ -236,8 +236,8 @@ TEST(Watch, NoticesWhatTheChipChangesItself) {
         {"PIC18F452", "  clrf TMR1L\n  bsf T1CON, TMR1ON\n  bra $", 0xFCE, 200},
         {"PIC18F452", "  bsf T0CON, TMR0ON\n  bcf T0CON, T0CS\n  bra $", 0xFD6, 200},
         {"PIC18F452", "  rcall next\nnext\n  rcall last\nlast\n  bra $", 0xFFC, 2},
-        {"PIC16F628A", "  goto start\n  org 0x2100\n  de 7\n  org 1\nstart\n  bsf STATUS, RP0\n  bsf EECON1, RD\n  goto $",
-         0x9A, 1},
+        {"PIC16F628A",
+         "  goto start\n  org 0x2100\n  de 7\n  org 1\nstart\n  bsf STATUS, RP0\n  bsf EECON1, RD\n  goto $", 0x9A, 1},
         {"PIC16F1823", "  movlw 0x11\n  movwf FSR0L\n  moviw FSR0++\n  bra $", 0x04, 2},
     };
     for (const auto &c : cases) {

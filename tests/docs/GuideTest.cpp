@@ -22,7 +22,9 @@ protected:
         std::fclose(makefile);
         return done != 0;
     }
-    Ran MakeGoal(const std::string &goal) { return RunShell("cd '" + scratch_.Native() + "' && make -f makefile " + goal); }
+    Ran MakeGoal(const std::string &goal) {
+        return RunShell("cd '" + scratch_.Native() + "' && make -f makefile " + goal);
+    }
 
     CScratchDirectory scratch_;
     CSharedLibrary library_{FromNativePath(GUIDE_EXAMPLE)};

@@ -6,7 +6,12 @@ TEST(TextSize, EndsLinesAsWindowsDoes) {
     const struct {
         const char *text, *expected;
     } cases[] = {
-        {"", ""}, {"a", "a"}, {"\n", "\r\n"}, {"a\rb\nc\r\nd", "a\r\nb\r\nc\r\nd"}, {"\r\r\n\n", "\r\n\r\n\r\n"}, {"a\r", "a\r\n"},
+        {"", ""},
+        {"a", "a"},
+        {"\n", "\r\n"},
+        {"a\rb\nc\r\nd", "a\r\nb\r\nc\r\nd"},
+        {"\r\r\n\n", "\r\n\r\n\r\n"},
+        {"a\r", "a\r\n"},
     };
     for (const auto &c : cases) EXPECT_EQ(WithWindowsLineEnds(c.text), c.expected) << c.text;
 }

@@ -53,8 +53,8 @@ TEST_F(EditorProgram, SaysWhyAFileDoesNotOpen) {
     const struct {
         const char *name;
         int text;
-    } cases[] = {{"folder.c", IDS_FILE_IS_FOLDER},   {"pipe.c", IDS_FILE_IS_SPECIAL}, {"socket.c", IDS_FILE_IS_SPECIAL},
-                 {"device.c", IDS_FILE_IS_SPECIAL},  {"circle.c", IDS_CANT_READ_FILE}, {"missing.c", IDS_CANT_READ_FILE},
+    } cases[] = {{"folder.c", IDS_FILE_IS_FOLDER},  {"pipe.c", IDS_FILE_IS_SPECIAL},  {"socket.c", IDS_FILE_IS_SPECIAL},
+                 {"device.c", IDS_FILE_IS_SPECIAL}, {"circle.c", IDS_CANT_READ_FILE}, {"missing.c", IDS_CANT_READ_FILE},
                  {"secret.c", IDS_FILE_FORBIDDEN}};
     for (const auto &c : cases) {
         if (c.text == IDS_FILE_FORBIDDEN && geteuid() == 0) continue;

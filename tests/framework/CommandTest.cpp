@@ -151,8 +151,8 @@ TEST(CommandReplay, RunsAtOnceLaterOrNever) {
         const auto note = [&done](std::string what) { done.push_back(std::move(what)); };
         ReplayAfterStop({[&] { return each.open; }, [&] { return each.running; },
                          [&](DeferredCommand command) {
-                             note("stop for " + std::to_string(command.message) + " " + std::to_string(command.id) + " " +
-                                  std::to_string(command.parameter));
+                             note("stop for " + std::to_string(command.message) + " " + std::to_string(command.id) +
+                                  " " + std::to_string(command.parameter));
                          },
                          [&] {
                              note("ask");

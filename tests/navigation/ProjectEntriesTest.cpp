@@ -34,8 +34,8 @@ TEST(ProjectEntries, ListsOutputsWhetherOrNotTheyExist) {
     };
     const auto fullPath = [&](const std::string &name) { return scratch.PathOf(name); };
 
-    const auto entries =
-        MakeOutputEntries("%none%;%config%/blink.lst;%config%/blink.cof,%config%/map;%config%/BLINK.hex", expand, fullPath);
+    const auto entries = MakeOutputEntries(
+        "%none%;%config%/blink.lst;%config%/blink.cof,%config%/map;%config%/BLINK.hex", expand, fullPath);
 
     Texts shown;
     for (const FileEntry &entry : entries) shown.push_back(entry.name + (entry.exists ? "" : " missing"));

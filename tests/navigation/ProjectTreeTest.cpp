@@ -116,8 +116,9 @@ TEST_F(ProjectTree, OpensTheMenuOfTheRowUnderTheMouse) {
     const auto centre = [this](const QModelIndex &index) { return tree.visualRect(index).center(); };
 
     EXPECT_EQ(OpenMenu(centre(tree.Rows().FindProject(kMeter))), menu(IDR_WORKSPACE_MENU_PROJECT));
-    EXPECT_EQ(host.texts, (Texts{"&Set meter.__c as Active Project", "&Remove meter.__c", "&Add Files to meter.__c...",
-                                 "Add &New File to meter.__c...", "Output &Files of meter.__c...", "&Build meter.__c"}));
+    EXPECT_EQ(host.texts,
+              (Texts{"&Set meter.__c as Active Project", "&Remove meter.__c", "&Add Files to meter.__c...",
+                     "Add &New File to meter.__c...", "Output &Files of meter.__c...", "&Build meter.__c"}));
     for (const int command : {ID_PROJECT_ACTIVATE, ID_PROJECT_REMOVE, ID_PROJECT_ADD_NEW_FILE, ID_ROW_OUTPUT_LIST,
                               ID_ROW_BUILD, ID_ROW_REBUILD, ID_ROW_CLEAN})
         EXPECT_TRUE(SendCommand(tree, command)) << command;

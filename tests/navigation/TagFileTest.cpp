@@ -47,14 +47,16 @@ TEST(TagFile, ReadsWhatIsOddOrCutShort) {
         const char *what;
         std::string text, expected;
     } cases[] = {
-        {"the later of two of one name", "a\tone.c\t1;\"\tf\na\ttwo.c\t2;\"\tf\na\tone.c\t3;\"\tv\n", "F:a two.c:2; V:a one.c:3; "},
+        {"the later of two of one name", "a\tone.c\t1;\"\tf\na\ttwo.c\t2;\"\tf\na\tone.c\t3;\"\tv\n",
+         "F:a two.c:2; V:a one.c:3; "},
         {"no number", "a\tone.c\t;\"\tf\n", "F:a one.c:0; "},
         {"a number beyond all lines", "a\tone.c\t99999999999999999999;\"\tf", "F:a one.c:2147483647; "},
         {"a pattern instead of a number", "a\tone.c\t/^int a;$/;\"\tf", ""},
         {"lines without their fields", "a\na\tb\n\t\t\na\tb\t1\na\tb\t1;\"\nc\tone.c\t2;\"\tv", "V:c one.c:2; "},
         {"remarks only", "!one\r\n!two\r\n", ""},
         {"blank lines", "\n\r\n\r\ra\tone.c\t1;\"\tf\r\r\nb\tone.c\t2;\"\tf", "F:a one.c:1; F:b one.c:2; "},
-        {"nothing behind a zero byte", std::string("a\tone.c\t1;\"\tf\n") + '\0' + "b\tone.c\t2;\"\tf\n", "F:a one.c:1; "},
+        {"nothing behind a zero byte", std::string("a\tone.c\t1;\"\tf\n") + '\0' + "b\tone.c\t2;\"\tf\n",
+         "F:a one.c:1; "},
         {"a long name", std::string(10'000, 'n') + "\tone.c\t1;\"\tf", "F:" + std::string(10'000, 'n') + " one.c:1; "},
     };
     for (const auto &c : cases) {

@@ -28,7 +28,9 @@ class BarTest : public ProgramTest {
 protected:
     CDockBar &Bar(int id) { return *Frame().findChild<CDockBar *>(QString("bar%1").arg(id, 4, 16)); }
     QToolBar &Strip(int id) { return *Frame().findChild<QToolBar *>(QString("bar%1").arg(id, 4, 16)); }
-    bool HasFocus(QWidget &bar) { return &bar == QApplication::focusWidget() || bar.isAncestorOf(QApplication::focusWidget()); }
+    bool HasFocus(QWidget &bar) {
+        return &bar == QApplication::focusWidget() || bar.isAncestorOf(QApplication::focusWidget());
+    }
     bool IsChecked(int command) { return QueryCommand(Frame(), command).checked.value_or(false); }
     bool ButtonIsDown(int command) {
         program->Settle();
@@ -36,8 +38,12 @@ protected:
             if (button->data().toInt() == command) return button->isChecked();
         return false;
     }
-    std::vector<uint8_t> Layout(const std::string &name) { return Store().ReadBinary(name, "State").value_or(std::vector<uint8_t>()); }
-    void SetLayout(const std::string &name, const std::vector<uint8_t> &state) { Store().WriteBinary(name, "State", state); }
+    std::vector<uint8_t> Layout(const std::string &name) {
+        return Store().ReadBinary(name, "State").value_or(std::vector<uint8_t>());
+    }
+    void SetLayout(const std::string &name, const std::vector<uint8_t> &state) {
+        Store().WriteBinary(name, "State", state);
+    }
 };
 
 TEST_F(BarTest, FollowsHoweverABarIsShownOrHidden) {
@@ -106,7 +112,8 @@ TEST_F(BarTest, RefusesForeignLayouts) {
     Start();
     CloseAndEnd();
     const std::vector<uint8_t> good = Layout(kEdit);
-    std::vector<uint8_t> cut(good.begin(), good.begin() + static_cast<ptrdiff_t>(good.size() / 2)), bent = good, other = good;
+    std::vector<uint8_t> cut(good.begin(), good.begin() + static_cast<ptrdiff_t>(good.size() / 2)), bent = good,
+                                                                                                    other = good;
     bent[good.size() / 2] ^= 0x40;
     other[3] += 1;
     std::vector<uint8_t> noise(good.size());

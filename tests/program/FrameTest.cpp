@@ -211,7 +211,8 @@ TEST_F(FrameTest, OpensWhatIsDropped) {
     const std::string text = program->ActiveDocument()->GetText();
     Drop({"blink/board.inc"}, component->viewport());
     EXPECT_EQ(program->ActiveFile(), "board.inc") << "a file dropped on a source opens";
-    EXPECT_EQ(static_cast<CIDEDoc *>(App().FindOrOpenDocument(scratch.Windows("blink/main.asm"), false))->GetText(), text);
+    EXPECT_EQ(static_cast<CIDEDoc *>(App().FindOrOpenDocument(scratch.Windows("blink/main.asm"), false))->GetText(),
+              text);
     Drop({"blink/blink.__c"});
     EXPECT_EQ(App().GetActiveProjectPath(), scratch.Windows("blink/blink.__c"));
     EXPECT_TRUE(App().GetDocuments().empty());

@@ -56,7 +56,8 @@ TEST_F(HelpTest, DocumentsOpenInTheDesktopsProgramsOrAreNamedAsMissing) {
     scratch.Write("program/larkc++.pdf", "%PDF");
     program->Command(ID_HELP_USER_MANUAL);
     program->Command(ID_HELP_LARKCPP);
-    EXPECT_EQ(desktop.opened, (std::vector{scratch.Native("program/UserManual.pdf"), scratch.Native("program/larkc++.pdf")}));
+    EXPECT_EQ(desktop.opened,
+              (std::vector{scratch.Native("program/UserManual.pdf"), scratch.Native("program/larkc++.pdf")}));
 }
 
 TEST_F(HelpTest, EachStartGreetsWithAnotherTipUntilTheUserHasEnough) {

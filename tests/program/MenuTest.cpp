@@ -45,7 +45,9 @@ TEST_F(MenuTest, SaysWhichMenuItMisses) {
         const char *missing, *withoutMenu;
     } cases[] = {{IDS_MENU_MACRO, "#1", "#2"}, {IDS_MENU_PLUGINS, "#3", "#4"}, {IDS_MENU_TOOLS, "#5", "#6"}};
     for (const auto &each : cases) {
-        const auto line = [](const char *number) { return std::string("Internal error ") + number + " in CMainFrame::OnInitMenu."; };
+        const auto line = [](const char *number) {
+            return std::string("Internal error ") + number + " in CMainFrame::OnInitMenu.";
+        };
         QAction *entry = Frame().FindTopEntry(Text(each.text));
         ASSERT_TRUE(entry);
         entry->setMenu(static_cast<QMenu *>(nullptr));
@@ -66,7 +68,8 @@ TEST_F(MenuTest, ListsThePluginsThatThereAre) {
     EXPECT_FALSE(menu->actions().front()->isEnabled());
     EXPECT_EQ(FromQString(Frame().PluginBar(25).windowTitle()), "Plugin #25 (empty)");
     for (int slot = 0; slot < CPluginBar::kSlots; ++slot)
-        EXPECT_FALSE(QueryCommand(Frame(), ID_PLUGIN_BARS + slot).checked.value_or(false)) << "an empty slot has no command: " << slot;
+        EXPECT_FALSE(QueryCommand(Frame(), ID_PLUGIN_BARS + slot).checked.value_or(false))
+            << "an empty slot has no command: " << slot;
     for (int slot : {0, 1, 2, 3}) {
         const bool alone = slot == 2;
         Frame().PluginBar(slot).Attach(new QLabel("window"), alone ? "Keys" : "LEDs", alone ? 1 : 3, nullptr);
@@ -140,5 +143,6 @@ TEST_F(MenuTest, EndsTheSearchForPluginsWithTheFrame) {
     ASSERT_TRUE(program->WaitFor([this] { return Frame().ArePluginsReady(); }));
     const std::vector<std::string> lines = program->BuildLines();
     ASSERT_GE(lines.size(), 3u);
-    EXPECT_EQ(std::vector(lines.end() - 3, lines.end()), (std::vector<std::string>{"first", "second", Text(IDS_STARTUP_DONE)}));
+    EXPECT_EQ(std::vector(lines.end() - 3, lines.end()),
+              (std::vector<std::string>{"first", "second", Text(IDS_STARTUP_DONE)}));
 }

@@ -138,7 +138,8 @@ void CProgram::AnswerFiles(std::vector<std::string> nativePaths) {
         }
         QString names;
         for (const std::string &path : paths)
-            names += (names.isEmpty() ? "" : " ") + (paths.size() > 1 ? "\"" + ToQString(path) + "\"" : ToQString(path));
+            names +=
+                (names.isEmpty() ? "" : " ") + (paths.size() > 1 ? "\"" + ToQString(path) + "\"" : ToQString(path));
         dialog->findChild<QLineEdit *>("fileNameEdit")->setText(names);
         QMetaObject::invokeMethod(dialog, "accept");
     });

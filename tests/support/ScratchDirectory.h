@@ -19,14 +19,17 @@ public:
         namespace fs = std::filesystem;
         std::error_code ignored;  // a test may have taken its directories' permissions away
         for (auto it = fs::recursive_directory_iterator(path_, ignored); it != fs::recursive_directory_iterator(); ++it)
-            if (!it->is_symlink(ignored) && it->is_directory(ignored)) fs::permissions(it->path(), fs::perms::owner_all, ignored);
+            if (!it->is_symlink(ignored) && it->is_directory(ignored))
+                fs::permissions(it->path(), fs::perms::owner_all, ignored);
         fs::remove_all(path_, ignored);
     }
     CScratchDirectory(const CScratchDirectory &) = delete;
     CScratchDirectory &operator=(const CScratchDirectory &) = delete;
 
     const std::filesystem::path &Path() const { return path_; }
-    std::string Native(const std::string &name = "") const { return name.empty() ? path_.string() : (path_ / name).string(); }
+    std::string Native(const std::string &name = "") const {
+        return name.empty() ? path_.string() : (path_ / name).string();
+    }
     std::string Windows(const std::string &name = "") const { return FromNativePath(Native(name)); }
 
     // Makes directories as needed. Returns the native path.

@@ -92,7 +92,8 @@ void ArrangeTheFrame(CTour &tour) {
     tour.Check(program.Start(), "the program starts");
     program.Frame().resize(1240, 800);
     CMainFrame &frame = program.Frame();
-    tour.Check(frame.dockWidgetArea(&frame.WorkspaceBar()) == Qt::RightDockWidgetArea, "the workspace bar is at the right");
+    tour.Check(frame.dockWidgetArea(&frame.WorkspaceBar()) == Qt::RightDockWidgetArea,
+               "the workspace bar is at the right");
     tour.Check(!frame.ListBar().isHidden(), "the listing is still shown");
     OpenSources(tour, program, scratch);
     tour.Picture(program, "arranged-again");

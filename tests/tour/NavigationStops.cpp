@@ -71,8 +71,8 @@ void LookAtSymbols(CTour &tour, CProgram &program) {
     bar.ShowTab(CWorkspaceBar::kTabSymbols);
     std::string rows = RowsOf(*bar.GetView<CTabBrowseView>());
     tour.Say(rows);
-    for (const char *row : {"Functions", " main", " led_toggle", " timer_take_tick", "Variables", " ticks_left", "Macros",
-                            " BLINK_TICKS"})
+    for (const char *row : {"Functions", " main", " led_toggle", " timer_take_tick", "Variables", " ticks_left",
+                            "Macros", " BLINK_TICKS"})
         tour.Check(HasRow(rows, row), std::string("there is a row '") + row + "'");
     tour.Picture(program, "symbols-by-category");
     program.Command(ID_GROUP_BY_FILE);

@@ -83,7 +83,8 @@ TEST(RegisterValue, HasNoLeadingZerosAndReadsWhatFits) {
     const struct {
         int value, format;
         const char *shown;
-    } shown[] = {{0, kBinary, "0"}, {5, kBinary, "101"}, {8, kOctal, "010"}, {255, kHexadecimal, "0xFF"}, {200, 9, "200"}};
+    } shown[] = {
+        {0, kBinary, "0"}, {5, kBinary, "101"}, {8, kOctal, "010"}, {255, kHexadecimal, "0xFF"}, {200, 9, "200"}};
     for (const auto &each : shown) EXPECT_EQ(RegisterText(static_cast<uint16_t>(each.value), each.format), each.shown);
     const struct {
         const char *text;

@@ -75,7 +75,9 @@ protected:
             static_cast<QDialog &>(dialog).accept();
         });
     }
-    std::string Stored(const char *key) { return ReadProfileString("Watch", key, "none", scratch.Windows("blink/blink.__c")); }
+    std::string Stored(const char *key) {
+        return ReadProfileString("Watch", key, "none", scratch.Windows("blink/blink.__c"));
+    }
 };
 
 }  // namespace

@@ -110,8 +110,8 @@ public:
     // Resets leave it.
     void SetClockRate(double hertz);
 
-    // Pins, by their numbers on the chip's case. Names without regard to case: "RB0", "portb0", "GP3", "MCLR", and what a
-    // pin is at the time ("an0"). A pin that shares its place with MCLR is found by its own name, too.
+    // Pins, by their numbers on the chip's case. Names without regard to case: "RB0", "portb0", "GP3", "MCLR", and what
+    // a pin is at the time ("an0"). A pin that shares its place with MCLR is found by its own name, too.
     std::optional<int> FindPin(const std::string &name) const;
     // All that hangs on the pin from now on, in the place of what did. At once: an input sees it before the next
     // instruction, and a change of the reset pin resets the chip.

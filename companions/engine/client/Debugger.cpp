@@ -19,7 +19,8 @@ struct Current {
     char error[256] = {};  // why the last call that gives words has failed
 };
 
-// Never destroyed, and so without memory of its own: the debugger's objects may call DbgDLLCleanup when the process ends.
+// Never destroyed, and so without memory of its own: the debugger's objects may call DbgDLLCleanup when the process
+// ends.
 Current &TheCurrent() {
     alignas(Current) static std::byte room[sizeof(Current)];
     static Current &current = *new (room) Current;

@@ -1,5 +1,5 @@
-// What the names of a debug run stand for: symbols of the image, "$NAME" a register, which goes without "$" where the image
-// has no such symbol, "$32" a byte of data memory by its decimal address, "$pc" and "$W".
+// What the names of a debug run stand for: symbols of the image, "$NAME" a register, which goes without "$" where the
+// image has no such symbol, "$32" a byte of data memory by its decimal address, "$pc" and "$W".
 #pragma once
 
 #include <cstdint>

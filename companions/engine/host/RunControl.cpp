@@ -139,8 +139,8 @@ CRunControl::End CRunControl::Rush(CSessionEvents &events, int64_t &budget) {
     return std::nullopt;
 }
 
-// Whether the chip has just been reset by its program or its watchdog. A step ends there, since what it was to step over
-// doesn't come back; a run goes on, and a program that resets for ever isn't told each time.
+// Whether the chip has just been reset by its program or its watchdog. A step ends there, since what it was to step
+// over doesn't come back; a run goes on, and a program that resets for ever isn't told each time.
 bool CRunControl::TakeReset(CSessionEvents &events, int64_t &budget) {
     if (chip_.Resets() == seenResets_) return false;
     seenResets_ = chip_.Resets();

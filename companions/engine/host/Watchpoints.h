@@ -13,8 +13,9 @@ public:
     // Both must outlive this.
     CWatchpoints(IChip &chip, const CNames &names) : chip_(chip), names_(names) {}
 
-    // All bytes that `name` stands for; "$W" the working register, where it has no address, too. One on the same bytes that is there already gives its id. Nothing, with
-    // words in `error`, for a name without bytes, or bytes that the chip can't watch.
+    // All bytes that `name` stands for; "$W" the working register, where it has no address, too. One on the same bytes
+    // that is there already gives its id. Nothing, with words in `error`, for a name without bytes, or bytes that the
+    // chip can't watch.
     std::optional<int> Set(int id, const std::string &name, std::string &error);
     bool Delete(int id);
     void Clear();

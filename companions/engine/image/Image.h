@@ -3,8 +3,8 @@
 //
 // Addresses are the chip's own: words, on PIC18 bytes. Files are in the Windows form, full; where the image names one
 // relative to a folder, it is looked for in the folder above the image's, in the image's and in the current one. What
-// is damaged in a file is left out; a file that is none is refused. The listing beside the image adds variables that only
-// it knows. All of it is read by Load; any thread then.
+// is damaged in a file is left out; a file that is none is refused. The listing beside the image adds variables that
+// only it knows. All of it is read by Load; any thread then.
 #pragma once
 
 #include <cstdint>
