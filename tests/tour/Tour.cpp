@@ -41,7 +41,7 @@ void CTour::Dialog(CProgram &program, int command, const std::string &name,
 }
 
 std::string CTour::NextPicture(const std::string &name) {
-    char number[8];
+    char number[16];
     snprintf(number, sizeof number, "%02d", ++pictures_);
     const std::string file = number + ("-" + name) + ".png";
     Say("  picture " + file);

@@ -59,7 +59,7 @@ std::optional<int64_t> CNames::Value(const std::string &name) const {
         if (symbol && symbol->inProgram) return symbol->address;
         return std::nullopt;
     }
-    if (bytes.size() > kNumberBytes) bytes.resize(1);
+    if (bytes.size() > kNumberBytes) bytes.erase(bytes.begin() + 1, bytes.end());
     uint64_t value = 0;
     for (size_t i = bytes.size(); i-- > 0;) value = value << 8 | ByteAt(bytes[i]).value_or(0);
     return static_cast<int64_t>(value);
@@ -86,7 +86,7 @@ bool CNames::Set(const std::string &name, int64_t value, std::string &error) {
         error = WhyNoBytes(name);
         return false;
     }
-    if (bytes.size() > kNumberBytes) bytes.resize(1);
+    if (bytes.size() > kNumberBytes) bytes.erase(bytes.begin() + 1, bytes.end());
     for (uint32_t address : bytes) {
         if (!chip_.WriteRegister(address, static_cast<uint8_t>(value))) {
             error = "The chip takes no value for \"" + name + "\".";
