@@ -155,7 +155,7 @@ void CMainFrame::MapBarCommands() {
 bool CMainFrame::OnCmdMsg(int id, CCmdUI *ui) {
     // The listing bar's views have the command themselves.
     if (id == ID_EDIT_COPY && !listBar_->HoldsFocus())
-        for (CDockBar *bar : findChildren<CDockBar *>())
+        for (CDockBar *bar : findChildren<CDockBar *>(Qt::FindDirectChildrenOnly))
             if (bar->CopyFocused(ui)) return true;
     const int slot = id - ID_PLUGIN_BARS;
     CPluginBar *bar = slot >= 0 && slot < CPluginBar::kSlots ? pluginBars_[static_cast<size_t>(slot)] : nullptr;

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "SourceScan.h"
+
 namespace {
 
 constexpr std::string_view kSecondWord = "; second word";
@@ -17,13 +19,6 @@ std::optional<uint32_t> TakeAddress(std::string_view &line, char end) {
     if (read.ec != std::errc() || read.ptr == last || *read.ptr != end) return {};
     line.remove_prefix(static_cast<size_t>(read.ptr - line.data()) + 1);
     return address;
-}
-
-// The first line of `text`, which goes on behind its end.
-std::string_view TakeLine(std::string_view &text) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    return line;
 }
 
 std::string_view Trimmed(std::string_view text) {

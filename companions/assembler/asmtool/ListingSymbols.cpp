@@ -24,12 +24,6 @@ constexpr std::string_view kRegisterWords[] = {
     "rrf",   "rrncf",  "setf",   "subfwb", "subwf",   "subwfb", "swapf",  "tstf",  "tstfsz", "xorwf",
 };
 
-std::string_view TakeLine(std::string_view &text) {
-    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    return line;
-}
-
 std::optional<uint32_t> HexNumber(std::string_view digits) {
     uint32_t number = 0;
     const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);

@@ -39,6 +39,12 @@ bool IsSectionDirective(std::string_view word) {
 
 }  // namespace
 
+std::string_view TakeLine(std::string_view &text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
 std::vector<std::string_view> WordsOfLine(std::string_view line) {
     std::vector<std::string_view> words;
     if (line.empty() || !IsWordCharacter(line.front())) words.emplace_back();

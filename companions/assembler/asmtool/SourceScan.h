@@ -15,5 +15,7 @@ std::optional<int> FindWord(const std::string &file, std::string_view word);    
 std::string ReadLine(const std::string &file, int line);  // without its end; empty when there is none
 int CountLines(const std::string &file);                  // at least 1
 
+std::string_view TakeLine(std::string_view &text);  // the first line; `text` goes on behind its end
+
 // The words of a line up to its comment; the first one is empty for a line that begins with a blank.
 std::vector<std::string_view> WordsOfLine(std::string_view line);
